@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Stops the players that ./start.sh started, by the process ids it wrote to run/players.pids.
+# A pid that no longer belongs to one of our players (it ended, or the number was reused) is left
+# alone.
+set -euo pipefail
+cd "$(dirname "$0")"
+pids=run/players.pids
+if [ ! -f "$pids" ]; then
+  echo "No players started by ./start.sh are running."
+  exit 0
+fi
+player=$(pwd)/build/korvel
+while read -r pid; do
+  [ -n "$pid" ] || continue
+  if [ "$(readlink "/proc/$pid/exe" 2>/dev/null || true)" = "$player" ]; then
+    kill "$pid" && echo "Stopped player pid $pid"
+  else
+    echo "Pid $pid is not running a player any more"
+  fi
+done <"$pids"
+rm -f "$pids"
