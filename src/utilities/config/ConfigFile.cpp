@@ -6,6 +6,14 @@
 
 using std::string;
 
+namespace {
+
+string emptyValueDetail(const string& fileName, int lineNumber, const string& key) {
+    return checkFileLocation(fileName, lineNumber) + ", key \"" + key + "\" has no value";
+}
+
+}  // namespace
+
 ConfigFile::ConfigFile(const std::string& fileName) {
     readFile(fileName);  // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall): this class's reader
 }
@@ -52,6 +60,7 @@ void ConfigFile::readFile(const std::string& fileName) {
             const string::size_type ne = line.find_last_not_of(kBlanks, qpos - 1);
             name = line.substr(vs, ne - vs + 1);
         }
+        // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
         KORVEL_CHECK_DETAIL(name != "", "Config", checkFileLocation(fileName, lineNumber));
         // The '=' is visible and lies before any '#', so ve >= qpos; ve == qpos means no value.
         string value;
@@ -59,9 +68,8 @@ void ConfigFile::readFile(const std::string& fileName) {
             const string::size_type vb = line.find_first_not_of(kBlanks, qpos + 1);
             value = line.substr(vb, ve - vb + 1);
         }
-        KORVEL_CHECK_DETAIL(
-            value != "", "Config",
-            checkFileLocation(fileName, lineNumber) + ", key \"" + name + "\" has no value");
+        // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
+        KORVEL_CHECK_DETAIL(value != "", "Config", emptyValueDetail(fileName, lineNumber, name));
         groups[current].add(name, value);
     }
 }
