@@ -70,6 +70,14 @@ TEST_F(LoggerTest, FirstRegistrationOfANameStays) {
     EXPECT_EQ(second.text.str(), "");
 }
 
+TEST_F(LoggerTest, NullStreamRegistersNothing) {
+    logger.add("Main", nullptr, true);
+    EXPECT_TRUE(logger.getLogStreams().getStreams().empty());
+    auto* later = new LogString(&timer);
+    logger.add("Main", later, true);
+    EXPECT_EQ(&logger["Main"], later);
+}
+
 TEST_F(LoggerTest, AllLoggersShareOneRegistry) {
     Logger another;
     auto* stream = new LogString(&timer);
