@@ -1,0 +1,5 @@
+#include "utilities/logging/LogDevNull.h"
+
+LogDevNull::LogDevNull() : LogStream(nullptr, nullptr) {}
+
+LogDevNull::~LogDevNull() = default;

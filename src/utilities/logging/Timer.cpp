@@ -1,0 +1,3 @@
+#include "utilities/logging/Timer.h"
+
+Timer::~Timer() = default;
