@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "agent/Basics.h"
 #include "support/TempDir.h"
+#include "utilities/Basics.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Logger.h"
 
