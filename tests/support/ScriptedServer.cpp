@@ -82,6 +82,11 @@ ServerScript& ServerScript::close() {
     return *this;
 }
 
+ServerScript& ServerScript::reset() {
+    mActions.push_back({Step::Reset, {}, Millis(0)});
+    return *this;
+}
+
 ServerScript& ServerScript::acceptTimeout(Millis timeout) {
     mAcceptTimeout = timeout;
     return *this;
@@ -200,6 +205,8 @@ const char* ScriptedServer::kindName(EventKind kind) {
             return "ClientClosed";
         case EventKind::Closed:
             return "Closed";
+        case EventKind::Reset:
+            return "Reset";
     }
     return "?";
 }
@@ -264,7 +271,6 @@ void ScriptedServer::run() {
     } else {
         record(EventKind::Accepted, {});
         runScript(client);
-        ::close(client);
     }
     std::lock_guard<std::mutex> lock(mMutex);
     mDone = true;
@@ -351,6 +357,7 @@ bool ScriptedServer::sendAll(int client, const std::string& bytes) {
 void ScriptedServer::runScript(int client) {
     using Step = ServerScript::Step;
     bool open = true;
+    bool abort = false;
     for (const ServerScript::Action& action : mScript.actions()) {
         if (!open || stopping()) {
             break;
@@ -409,13 +416,27 @@ void ScriptedServer::runScript(int client) {
             case Step::Close:
                 open = false;
                 break;
+            case Step::Reset:
+                open = false;
+                abort = true;
+                break;
         }
+    }
+    if (abort) {
+        // Closing with a zero linger time sends a reset instead of an end of stream.
+        pump(client, Millis(0));
+        const linger now{1, 0};
+        ::setsockopt(client, SOL_SOCKET, SO_LINGER, &now, sizeof(now));
+        ::close(client);
+        record(EventKind::Reset, {});
+        return;
     }
     // Take what is already waiting, then send our end of stream before closing, so the client
     // reads every byte we sent followed by a clean end of stream.
     pump(client, Millis(0));
     ::shutdown(client, SHUT_WR);
     pump(client, Millis(0));
+    ::close(client);
     record(EventKind::Closed, {});
 }
 

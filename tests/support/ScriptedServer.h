@@ -24,7 +24,8 @@ public:
                       // taken by an earlier ExpectFrame and received after the last send
         ExpectClose,  // wait for the client to close its end, up to timeout
         Sleep,        // pause for timeout, still recording what the client sends
-        Close         // close the connection (the client sees end of stream)
+        Close,        // close the connection (the client sees end of stream)
+        Reset         // abort the connection (the client's next read fails: connection reset)
     };
 
     struct Action {
@@ -39,6 +40,7 @@ public:
     ServerScript& expectClose(Millis timeout = Millis(3000));
     ServerScript& sleep(Millis duration);
     ServerScript& close();
+    ServerScript& reset();
 
     // How long to wait for the client to connect (default 5 s).
     ServerScript& acceptTimeout(Millis timeout);
@@ -66,6 +68,11 @@ private:
 // what is already waiting and then closes the connection.
 //
 // Read the results after wait(); the destructor stops a running script early and joins.
+//
+//   ScriptedServer server(ServerScript().sendFrame("(time (now 0.02))").expectFrame().close());
+//   ... connect a client to 127.0.0.1:server.port() and let it talk ...
+//   ASSERT_TRUE(server.wait());
+//   EXPECT_EQ(server.frames(), (std::vector<std::string>{"(scene rsg/agent/nao/nao.rsg)"}));
 class ScriptedServer {
 public:
     enum class EventKind {
@@ -77,7 +84,8 @@ public:
         Received,       // a complete client frame (data: its payload)
         Timeout,        // an expectFrame or expectClose step ran out of time
         ClientClosed,   // end of stream from the client (data: any incomplete frame bytes)
-        Closed          // the server closed the connection
+        Closed,         // the server closed the connection
+        Reset           // the server aborted the connection
     };
 
     struct Event {
@@ -107,6 +115,7 @@ public:
 
 private:
     void run();
+    // Runs the actions, then closes (or resets) the client connection.
     void runScript(int client);
     // Reads what the client has sent, for up to wait (zero: only what is already there); returns
     // false when the client closed or the server is stopping.
