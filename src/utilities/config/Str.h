@@ -29,6 +29,10 @@ public:
         value = out.str();
     }
 
+    // Strings are taken as they are, without building a stream: every atom of every server
+    // message becomes a Str, and a stream per atom would cost more than the whole parse.
+    Str(const std::string& v) : value(v) {}  // NOLINT(google-explicit-constructor)
+
     // "x|y|z|", each component formatted as a float above.
     Str(const math::Vector3<float>& v);  // NOLINT(google-explicit-constructor)
 
