@@ -19,7 +19,8 @@ public:
     // `value` becomes what a default-formatted std::ostringstream makes of `v`: strings are
     // copied, integers written in decimal, floats written as doubles with 6 significant digits.
     template <typename T>
-    Str(const T& v) {  // NOLINT(google-explicit-constructor): any printable value is a Str
+    requires(!std::is_base_of_v<Str, T>)
+        Str(const T& v) {  // NOLINT(google-explicit-constructor): any printable value is a Str
         std::ostringstream out;
         if constexpr (std::is_same_v<T, float>) {
             out << static_cast<double>(v);
