@@ -7,7 +7,7 @@
 #include <string>
 
 #include "agent/Startup.h"
-#include "support/TempDir.h"
+#include "support/FileHelpers.h"
 #include "utilities/config/Config.h"
 
 namespace {
@@ -16,7 +16,7 @@ class ShippedDataTest : public ::testing::Test {
 protected:
     void SetUp() override {
         Config::resetState();
-        cwd = std::make_unique<ScopedChdir>(KORVEL_SOURCE_DIR);
+        cwd = std::make_unique<support::ScopedChdir>(KORVEL_SOURCE_DIR);
         testing::internal::CaptureStdout();
         ConfigInitializing();
         loadOutput = testing::internal::GetCapturedStdout();
@@ -25,7 +25,7 @@ protected:
         cwd.reset();
         Config::resetState();
     }
-    std::unique_ptr<ScopedChdir> cwd;
+    std::unique_ptr<support::ScopedChdir> cwd;
     std::string loadOutput;
 };
 

@@ -11,8 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "support/TempDir.h"
 #include "utilities/Basics.h"
+#include "support/CheckDiagnostic.h"
+#include "support/FileHelpers.h"
+#include "support/ScratchDirectory.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Logger.h"
 
@@ -32,8 +34,8 @@ protected:
     void SetUp() override {
         Config::resetState();
         Logger::resetState();
-        fs::create_directories(dir.file("Data/ConfigurationData"));
-        cwd = std::make_unique<ScopedChdir>(dir.path());
+        fs::create_directories(dir.path() + "/Data/ConfigurationData");
+        cwd = std::make_unique<support::ScopedChdir>(dir.path());
     }
     void TearDown() override {
         cwd.reset();
@@ -42,7 +44,7 @@ protected:
     }
 
     void writeConfig(const std::string& name, const std::string& text) const {
-        writeWholeFile(dir.file("Data/ConfigurationData/" + name + ".conf"), text);
+        dir.write("Data/ConfigurationData/" + name + ".conf", text);
     }
 
     // The index and the two files the log set-up reads.
@@ -76,8 +78,8 @@ protected:
         return streams.count(name) == 1 && streams.at(name)->getOut() == nullptr;
     }
 
-    TempDir dir;
-    std::unique_ptr<ScopedChdir> cwd;
+    support::ScratchDirectory dir;
+    std::unique_ptr<support::ScopedChdir> cwd;
 };
 
 TEST_F(StartupTest, LoadsTheIndexedFilesInOrderWithAStatusLineEach) {
@@ -110,23 +112,36 @@ TEST_F(StartupTest, CountOfZeroOrLessLoadsNothing) {
     EXPECT_FALSE(config.exists("Missing"));
 }
 
+const char* const kReadFile = "virtual void ConfigFile::readFile(const std::string&)";
+
 TEST_F(StartupTest, MissingIndexStops) {
-    EXPECT_EXIT(ConfigInitializing(), testing::ExitedWithCode(EXIT_FAILURE),
-                "check \"fin\" failed.*Config_FileAddresses\\.conf");
+    EXPECT_EXIT(
+        ConfigInitializing(), testing::ExitedWithCode(EXIT_FAILURE),
+        support::checkDiagnosticPattern(
+            "Config", kReadFile, "fin",
+            "file \"./Data/ConfigurationData/Config_FileAddresses.conf\" cannot be opened"));
 }
 
-TEST_F(StartupTest, UnreadableListedFileStopsBeforeItsStatusLine) {
+TEST_F(StartupTest, UnreadableListedFileStops) {
     writeConfig("Config_FileAddresses",
                 "[DefultSet]\nConfigurationDataFileCount = 2\n"
                 "[ConfigurationDataFileName]\n1 = Present\n2 = Absent\n");
     writeConfig("Present", "[G]\nk = v\n");
+    EXPECT_EXIT(initializeQuietly(), testing::ExitedWithCode(EXIT_FAILURE),
+                support::checkDiagnosticPattern(
+                    "Config", kReadFile, "fin",
+                    "file \"./Data/ConfigurationData/Absent.conf\" cannot be opened"));
+}
+
+TEST_F(StartupTest, MalformedListedFileStopsNamingFileAndLine) {
+    writeConfig("Config_FileAddresses",
+                "[DefultSet]\nConfigurationDataFileCount = 1\n"
+                "[ConfigurationDataFileName]\n1 = Broken\n");
+    writeConfig("Broken", "# fine\n[G]\nk = v\n[H\n");
     EXPECT_EXIT(
-        {
-            std::cout.rdbuf(std::cerr.rdbuf());
-            ConfigInitializing();
-        },
-        testing::ExitedWithCode(EXIT_FAILURE),
-        "Present\\.conf +\\[.*\n.*check \"fin\" failed.*Absent\\.conf");
+        initializeQuietly(), testing::ExitedWithCode(EXIT_FAILURE),
+        support::checkDiagnosticPattern("Config", kReadFile, "line[ve] == ']'",
+                                        "file \"./Data/ConfigurationData/Broken.conf\", line 4"));
 }
 
 TEST_F(StartupTest, MissingNumberedKeyStops) {
@@ -149,11 +164,11 @@ TEST_F(StartupTest, MainIsStampedAndMainOffRecordsRawLines) {
     EXPECT_FALSE(logger["MainOff"].getShowBeginEnd());
     EXPECT_EQ(logger["Main"].timer(), startupTimer());
 
-    const std::string main = readWholeFile(dir.file("Logs/Korvel-1.log"));
+    const std::string main = support::readFile(dir.path() + "/Logs/Korvel-1.log");
     EXPECT_TRUE(std::regex_match(main, std::regex("  [0-9]{4,}\\. hello\n"))) << main;
-    EXPECT_EQ(readWholeFile(dir.file("Logs/Korvel-1.log.offline")), "(time (now 0.02))\n");
+    EXPECT_EQ(support::readFile(dir.path() + "/Logs/Korvel-1.log.offline"), "(time (now 0.02))\n");
     struct stat info {};
-    ASSERT_EQ(stat(dir.file("Logs").c_str(), &info), 0);
+    ASSERT_EQ(stat((dir.path() + "/Logs").c_str(), &info), 0);
     EXPECT_EQ(info.st_mode & 0777, 0755U & ~currentUmask());
 }
 
@@ -161,9 +176,9 @@ TEST_F(StartupTest, DirectoryWithoutFinalSlashGivesTheSameFiles) {
     writeLoggerSetup("./Logs", true, true, false);
     initializeQuietly();
     LoggersInitializing(7);
-    EXPECT_TRUE(fs::exists(dir.file("Logs/Korvel-7.log")));
-    EXPECT_TRUE(fs::exists(dir.file("Logs/Korvel-1.log.offline")));  // always number 1
-    EXPECT_FALSE(fs::exists(dir.file("Logs/Korvel-7.log.offline")));
+    EXPECT_TRUE(fs::exists(dir.path() + "/Logs/Korvel-7.log"));
+    EXPECT_TRUE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));  // always number 1
+    EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-7.log.offline"));
 }
 
 TEST_F(StartupTest, SwitchedOffLogsDiscard) {
@@ -173,7 +188,7 @@ TEST_F(StartupTest, SwitchedOffLogsDiscard) {
     EXPECT_TRUE(discards("Main"));
     EXPECT_TRUE(discards("MainOff"));
     EXPECT_TRUE(logger["Main"].getShowBeginEnd());
-    EXPECT_TRUE(fs::is_empty(dir.file("Logs")));
+    EXPECT_TRUE(fs::is_empty(dir.path() + "/Logs"));
 }
 
 TEST_F(StartupTest, ReplayNeverRecordsItself) {
@@ -182,7 +197,7 @@ TEST_F(StartupTest, ReplayNeverRecordsItself) {
     LoggersInitializing(1);
     EXPECT_FALSE(discards("Main"));
     EXPECT_TRUE(discards("MainOff"));
-    EXPECT_FALSE(fs::exists(dir.file("Logs/Korvel-1.log.offline")));
+    EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));
 }
 
 TEST_F(StartupTest, OfflineOptionSuppressesTheRecording) {
@@ -195,7 +210,7 @@ TEST_F(StartupTest, OfflineOptionSuppressesTheRecording) {
         config["ServerInitialize"].setByArguments(2, argv.data(), config["LoggerInitialize"]));
     LoggersInitializing(1);
     EXPECT_TRUE(discards("MainOff"));
-    EXPECT_FALSE(fs::exists(dir.file("Logs/Korvel-1.log.offline")));
+    EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));
 }
 
 TEST_F(StartupTest, RecordingOnlyWithoutTheMainLog) {
@@ -204,8 +219,8 @@ TEST_F(StartupTest, RecordingOnlyWithoutTheMainLog) {
     LoggersInitializing(1);
     EXPECT_TRUE(discards("Main"));
     EXPECT_FALSE(discards("MainOff"));
-    EXPECT_FALSE(fs::exists(dir.file("Logs/Korvel-1.log")));
-    EXPECT_TRUE(fs::exists(dir.file("Logs/Korvel-1.log.offline")));
+    EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-1.log"));
+    EXPECT_TRUE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));
 }
 
 TEST_F(StartupTest, UncreatableDirectoryIsNotReported) {
@@ -215,7 +230,7 @@ TEST_F(StartupTest, UncreatableDirectoryIsNotReported) {
     LoggersInitializing(1);
     logger["Main"] << "lost" << std::endl;
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    EXPECT_FALSE(fs::exists(dir.file("missing")));
+    EXPECT_FALSE(fs::exists(dir.path() + "/missing"));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "utilities/config/ConfigFile.h"
 
+#include <filesystem>
 #include <fstream>
 
 #include "utilities/config/ConfigError.h"
@@ -21,6 +22,10 @@ ConfigFile::ConfigFile(const std::string& fileName) {
 void ConfigFile::readFile(const std::string& fileName) {
     std::ifstream fin(fileName);
     KORVEL_CHECK_DETAIL(fin, "Config", checkFileLocation(fileName, 0) + " cannot be opened");
+    // A directory opens like a file but reads as empty; say so instead of loading nothing.
+    std::error_code ignored;
+    const bool isDirectory = std::filesystem::is_directory(fileName, ignored);
+    KORVEL_CHECK_DETAIL(!isDirectory, "Config", checkFileLocation(fileName, 0) + " is a directory");
 
     static const char* const kBlanks = " \t";
     addGroup("");
