@@ -8,3 +8,5 @@ jobs=${JOBS:-2}
 cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DKORVEL_SANITIZE=ON -DKORVEL_TESTS=ON >/dev/null
 cmake --build build-asan -j"$jobs"
 ctest --test-dir build-asan --output-on-failure -j"$jobs"
+# Arbitrary bytes into the message parser and the world model for a bounded time (clang build).
+fuzz/run.sh
