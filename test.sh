@@ -10,3 +10,5 @@ cmake --build build-asan -j"$jobs"
 ctest --test-dir build-asan --output-on-failure -j"$jobs"
 # The shipped skill files must load and keep every target within the robot's joint ranges.
 build-asan/korvel-check Data
+# Arbitrary bytes into the message parser and the world model for a bounded time (clang build).
+fuzz/run.sh
