@@ -8,3 +8,5 @@ jobs=${JOBS:-2}
 cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DKORVEL_SANITIZE=ON -DKORVEL_TESTS=ON >/dev/null
 cmake --build build-asan -j"$jobs"
 ctest --test-dir build-asan --output-on-failure -j"$jobs"
+# The shipped skill files must load and keep every target within the robot's joint ranges.
+build-asan/korvel-check Data

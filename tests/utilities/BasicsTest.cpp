@@ -1,4 +1,4 @@
-#include "agent/Basics.h"
+#include "utilities/Basics.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,15 @@
+#include "commands/ArmCommand.h"
+
+ArmCommand::ArmCommand() : ArmCommand(Side(1), Arm(Side(1))) {}
+
+ArmCommand::ArmCommand(Side side, const Arm& arm)
+    : LimbCommand(side, arm, sidedNames(side, "ae")) {}
+
+ArmCommand::ArmCommand(Side side, const Arm* arm) : ArmCommand(side, *arm) {}
+
+ArmCommand::ArmCommand(Side side, const Arm& arm, const ArmCommand& last) : ArmCommand(side, arm) {
+    setCurrentLastArmCommand(last);
+}
+
+ArmCommand::ArmCommand(Side side, const Arm* arm, const ArmCommand& last)
+    : ArmCommand(side, *arm, last) {}

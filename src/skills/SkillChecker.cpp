@@ -1,0 +1,193 @@
+#include "skills/SkillChecker.h"
+
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <utility>
+
+#include "skills/SkillFile.h"
+#include "utilities/config/ConfigFile.h"
+#include "utilities/config/Str.h"
+
+namespace {
+
+using Range = std::pair<float, float>;
+
+const std::map<std::string, Range>& ranges() {
+    static const std::map<std::string, Range> table = {
+        {"he1", {-120, 120}}, {"he2", {-45, 45}},  {"lae1", {-120, 120}}, {"rae1", {-120, 120}},
+        {"lae2", {-1, 95}},   {"rae2", {-95, 1}},  {"lae3", {-120, 120}}, {"rae3", {-120, 120}},
+        {"lae4", {-90, 1}},   {"rae4", {-1, 90}},  {"lle1", {-90, 1}},    {"rle1", {-90, 1}},
+        {"lle2", {-25, 45}},  {"rle2", {-45, 25}}, {"lle3", {-25, 100}},  {"rle3", {-25, 100}},
+        {"lle4", {-130, 1}},  {"rle4", {-130, 1}}, {"lle5", {-45, 75}},   {"rle5", {-45, 75}},
+        {"lle6", {-45, 25}},  {"rle6", {-25, 45}},
+    };
+    return table;
+}
+
+std::string number(float value) {
+    std::ostringstream text;
+    text << static_cast<double>(value);
+    return text.str();
+}
+
+class Checker {
+public:
+    Checker(SkillChecker::Report& report, std::string skill)
+        : report(report), skill(std::move(skill)) {}
+
+    void error(const std::string& text) {
+        report.findings.push_back({SkillChecker::Severity::Error, skill, text});
+    }
+    void warning(const std::string& text) {
+        report.findings.push_back({SkillChecker::Severity::Warning, skill, text});
+    }
+
+    void target(const std::string& group, const std::string& key, const std::string& joint,
+                float degrees) {
+        float low = 0;
+        float high = 0;
+        if (SkillChecker::jointRange(joint, low, high) && (degrees < low || degrees > high)) {
+            error(group + ", " + key + ": " + joint + " target " + number(degrees) +
+                  " degrees is outside " + number(low) + ".." + number(high));
+        }
+    }
+
+    void speed(const std::string& group, const std::string& key, const std::string& joint,
+               float degreesPerCycle) {
+        if (degreesPerCycle > SkillChecker::kMaxSpeedDegreesPerCycle) {
+            warning(group + ", " + key + ": " + joint + " speed " + number(degreesPerCycle) +
+                    " degrees per cycle is above the motors' " +
+                    number(SkillChecker::kMaxSpeedDegreesPerCycle));
+        }
+    }
+
+private:
+    SkillChecker::Report& report;
+    std::string skill;
+};
+
+float wordAsFloat(const ConfigValue& value, int index) {
+    return value[index].b_value(0.0F);
+}
+
+void checkSteps(const ConfigFile& file, Checker& checker) {
+    const int steps = file["DefaultSet"]["StepCount"].asInt();
+    for (int s = 1; s <= steps; ++s) {
+        const std::string group = SkillFile::stepGroup(static_cast<unsigned int>(s));
+        const ConfigGroup& step = file[group];
+        for (const SkillFile::LimbKeys& limb : SkillFile::limbs()) {
+            if (SkillFile::isLeftOut(file, group, limb)) {
+                continue;
+            }
+            const ConfigValue& targets = step[limb.targetKey];
+            const ConfigValue& speeds = step[limb.speedKey];
+            for (unsigned int j = 0; j < limb.jointCount; ++j) {
+                const int word = static_cast<int>(j);
+                const std::string& joint = limb.jointNames[j];
+                // "LT" keeps a target that was checked where it was first set.
+                if (targets[word].getValue() != SkillFile::kLastTarget) {
+                    checker.target(group, limb.targetKey, joint, wordAsFloat(targets, word));
+                }
+                checker.speed(group, limb.speedKey, joint, wordAsFloat(speeds, word));
+            }
+        }
+        // A raise drives hip Y to the value and the knee to minus the value.
+        for (const auto& [key, side] : {std::pair<const char*, const char*>{"leftRaise2", "l"},
+                                        std::pair<const char*, const char*>{"rightRaise2", "r"}}) {
+            const ConfigValue& raise = step[key];
+            if (raise[0].b_value(false)) {
+                const float value = wordAsFloat(raise, 1);
+                checker.target(group, key, std::string(side) + "le3", value);
+                checker.target(group, key, std::string(side) + "le4", -value);
+                checker.speed(group, key, std::string(side) + "le3", wordAsFloat(raise, 2));
+            }
+        }
+        for (const char* key : {"leftFootParallerGround", "rightFootParallerGround"}) {
+            const ConfigValue& foot = step[key];
+            if (foot[0].b_value(false)) {
+                checker.speed(group, key, key[0] == 'l' ? "lle5" : "rle5", wordAsFloat(foot, 1));
+            }
+        }
+    }
+}
+
+}  // namespace
+
+unsigned int SkillChecker::Report::errorCount() const {
+    unsigned int count = 0;
+    for (const Finding& finding : findings) {
+        count += finding.severity == Severity::Error ? 1U : 0U;
+    }
+    return count;
+}
+
+unsigned int SkillChecker::Report::warningCount() const {
+    return static_cast<unsigned int>(findings.size()) - errorCount();
+}
+
+bool SkillChecker::jointRange(const std::string& joint, float& minDegrees, float& maxDegrees) {
+    const auto found = ranges().find(joint);
+    if (found == ranges().end()) {
+        return false;
+    }
+    minDegrees = found->second.first;
+    maxDegrees = found->second.second;
+    return true;
+}
+
+SkillChecker::Report SkillChecker::check(const std::string& dataDirectory) {
+    Report report;
+    Checker indexChecker(report, "");
+    const std::string indexPath = dataDirectory + "/ConfigurationData/Config_FileAddresses.conf";
+    if (!std::ifstream(indexPath).good()) {
+        indexChecker.error("file \"" + indexPath + "\" cannot be read");
+        return report;
+    }
+    const ConfigFile index(indexPath);
+    const char* countKey = "SkillDataFileCount";
+    if (!index.exists("DefultSet") || !index["DefultSet"].exists(countKey)) {
+        indexChecker.error("file \"" + indexPath + "\", group \"DefultSet\", key \"" + countKey +
+                           "\" is missing");
+        return report;
+    }
+    const auto count = static_cast<int>(index["DefultSet"][countKey].asFloat());
+    for (int i = 1; i <= count; ++i) {
+        const std::string key = std::to_string(i);
+        if (!index.exists("SkillDataFileName") || !index["SkillDataFileName"].exists(key)) {
+            indexChecker.error("file \"" + indexPath + "\", group \"SkillDataFileName\", key \"" +
+                               key + "\" is missing");
+            continue;
+        }
+        const std::string name = index["SkillDataFileName"][key][0].getValue();
+        Checker checker(report, name);
+        ++report.skillsChecked;
+        const std::string path = dataDirectory + "/SkillData/" + name + ".conf";
+        if (!std::ifstream(path).good()) {
+            checker.error("file \"" + path + "\" cannot be read");
+            continue;
+        }
+        const ConfigFile file(path);
+        const std::vector<SkillFile::Problem> problems = SkillFile::validate(file);
+        for (const SkillFile::Problem& problem : problems) {
+            checker.error(SkillFile::describe(path, problem));
+        }
+        if (problems.empty()) {
+            checkSteps(file, checker);
+        }
+    }
+    return report;
+}
+
+std::string SkillChecker::format(const Report& report) {
+    std::string text;
+    for (const Finding& finding : report.findings) {
+        text += finding.severity == Severity::Error ? "error: " : "warning: ";
+        text += finding.skill.empty() ? "index" : finding.skill;
+        text += ": " + finding.text + "\n";
+    }
+    text += "korvel-check: " + std::to_string(report.skillsChecked) + " skills, " +
+            std::to_string(report.errorCount()) + " errors, " +
+            std::to_string(report.warningCount()) + " warnings\n";
+    return text;
+}

@@ -1,0 +1,322 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sstream>
+#include <string>
+
+#include "SkillDataWriter.h"
+#include "body/Body.h"
+#include "commands/Command.h"
+#include "skills/ConfigReader.h"
+#include "skills/ConfigSkill.h"
+#include "support/TempDir.h"
+#include "utilities/config/Config.h"
+#include "utilities/logging/Debugger.h"
+#include "utilities/logging/Logger.h"
+#include "worldmodel/Self.h"
+#include "worldmodel/Share.h"
+#include "worldmodel/WorldModel.h"
+
+namespace {
+
+using skilltest::step;
+
+const char* const kJointOrder[] = {"he1",  "he2",  "rae1", "rae2", "rae3", "rae4", "lae1", "lae2",
+                                   "lae3", "lae4", "rle1", "rle2", "rle3", "rle4", "rle5", "rle6",
+                                   "lle1", "lle2", "lle3", "lle4", "lle5", "lle6"};
+
+// The effector text of a sending command whose joints print "0" except the given ones.
+std::string effectorText(const std::map<std::string, std::string>& values) {
+    std::string text;
+    for (std::size_t i = 0; i < std::size(kJointOrder); ++i) {
+        const std::string name = kJointOrder[i];
+        const bool limbStart = i == 0 || i == 2 || i == 6 || i == 10 || i == 16;
+        if (!limbStart) {
+            text += ' ';
+        }
+        const auto found = values.find(name);
+        text += "(" + name + " " + (found != values.end() ? found->second : "0") + ")";
+    }
+    return text + "(Say )";
+}
+
+const std::string kHeldText =
+    "(he1 0) (he2 0)(rae1 0) (rae2 0) (rae3 0) (rae4 0)(lae1 0) (lae2 0) (lae3 0) (lae4 0)"
+    "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 -0) (rle6 0)"
+    "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 -0) (lle6 0)";
+
+class ConfigSkillTest : public ::testing::Test {
+protected:
+    void SetUp() override { resetAll(); }
+    void TearDown() override { resetAll(); }
+
+    static void resetAll() {
+        ConfigReader::resetState();
+        Config::resetState();
+        ConfigSkill::resetState();
+        Command::resetState();
+        Logger::resetState();
+        delete Share::lastCommand;
+        Share::resetState();
+    }
+
+    // Loads the tree's skills from its working directory, as the player's first request does.
+    void load() {
+        const ScopedChdir inTree(tree.root());
+        config.add("Config_FileAdresses", "./Data/ConfigurationData/Config_FileAddresses.conf");
+        testing::internal::CaptureStdout();  // the loading status lines
+        ConfigReader::instance();
+        testing::internal::GetCapturedStdout();
+    }
+
+    // Sets the perceived angle (degrees) of one joint of the agent's body.
+    template <class LimbT>
+    static void setAngle(LimbT* limb, unsigned int index, float degrees) {
+        HingeJoint joint(limb->getHingeJoint(index));
+        joint.setJointAlphaValue(degrees);
+        limb->setHingeJoint(index, joint);
+    }
+
+    Body& body() { return *agent.getBody(); }
+    Command* play(const std::string& name) { return player.getConfigCommandSkill(name, &agent); }
+
+    skilltest::DataTree tree;
+    Self agent{math::Vector3<float>(), math::Vector3<float>(), math::Vector3<float>(), 0.0F, 0.0F};
+    ConfigSkill player;
+};
+
+// Step 1 lifts the left shoulder to 10 degrees at 5 degrees per cycle; step 2 brings it back at
+// 1 degree per cycle and bends the right knee to -20 at 4 degrees per cycle; then step 1 again.
+void addTwoStepSkill(skilltest::DataTree& tree) {
+    tree.addSkill("Two",
+                  skilltest::skillText(
+                      {
+                          step({{"Arm::Left", "10 0 0 0"}, {"Arm::PLeft", "5 1 1 1"}}),
+                          step({{"Leg::Right", "0 0 0 -20 0 0"}, {"Leg::PRight", "1 1 1 4 1 1"}}),
+                      },
+                      1));
+}
+
+TEST_F(ConfigSkillTest, TwoStepSkillPlaysFrameByFrameAndLoops) {
+    addTwoStepSkill(tree);
+    load();
+    const std::vector<Command*> frames =
+        ConfigReader::instance()->getConfigSkillCommandDataBase()["Two"];
+    ASSERT_EQ(frames.size(), 2U);
+    EXPECT_EQ(player.getCurrentSkillName(), "@");
+
+    // Far from step 1: full speed.
+    Command* command = play("Two");
+    EXPECT_EQ(command, frames[0]);
+    EXPECT_EQ(player.getCurrentSkillName(), "Two");
+    EXPECT_EQ(player.getConfigCommandSkillSize(), 2U);
+    EXPECT_EQ(player.getConfigLoopStepNumber(), 0U);
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U);
+    EXPECT_FALSE(player.isFinished());
+    EXPECT_EQ(command->toString(), effectorText({{"lae1", "4.36332"}}));
+
+    // Close to it: half the remaining error.
+    setAngle(body().getLeftArm(), 0, 8.0F);
+    command = play("Two");
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U);
+    EXPECT_EQ(command->toString(), effectorText({{"lae1", "0.872665"}}));
+
+    for (int pass = 0; pass < 2; ++pass) {
+        // Step 1 reached: step 2 starts at once, from the perceived posture.
+        setAngle(body().getLeftArm(), 0, 10.0F);
+        setAngle(body().getRightLeg(), 3, 0.0F);
+        command = play("Two");
+        EXPECT_EQ(command, frames[1]);
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
+        EXPECT_FALSE(player.isFinished());
+        EXPECT_EQ(command->toString(), effectorText({{"lae1", "-0.872665"}, {"rle4", "-3.49066"}}));
+
+        // Step 2 reached: the skill is finished and wraps to its loop step.
+        setAngle(body().getLeftArm(), 0, 0.0F);
+        setAngle(body().getRightLeg(), 3, -20.0F);
+        command = play("Two");
+        EXPECT_EQ(command, frames[0]);
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U);
+        EXPECT_TRUE(player.isFinished()) << "pass " << pass;
+        EXPECT_EQ(command->toString(), effectorText({{"lae1", "4.36332"}, {"rle4", "0.872665"}}));
+
+        // Finished only in the call that completed the pass.
+        command = play("Two");
+        EXPECT_FALSE(player.isFinished()) << "pass " << pass;
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U);
+        EXPECT_EQ(command->toString(), effectorText({{"lae1", "4.36332"}, {"rle4", "0.872665"}}));
+    }
+}
+
+TEST_F(ConfigSkillTest, StepIndexIsSharedByEveryPlayer) {
+    addTwoStepSkill(tree);
+    load();
+    setAngle(body().getLeftArm(), 0, 10.0F);
+    play("Two");
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
+    ConfigSkill other;
+    EXPECT_EQ(other.getConfigCommandSkill("Two", &agent)->toString(),
+              effectorText({{"lae1", "-0.872665"}, {"rle4", "-3.49066"}}));
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    EXPECT_EQ(other.getConfigCommandSkill("Two", &agent)->getLoopStepNumber(), 0U);
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
+}
+
+TEST_F(ConfigSkillTest, HeadFarFromItsTargetDoesNotHoldTheSkillBack) {
+    tree.addSkill("Look",
+                  skilltest::skillText({step({{"Head::Instance", "90 -40"}}), step({})}, 1));
+    load();
+    play("Look");
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
+}
+
+TEST_F(ConfigSkillTest, KeyFrameIsReachedWithinItsPrecision) {
+    tree.addSkill("Loose", skilltest::skillText({step({{"precision", "true 5"},
+                                                       {"Leg::Left", "0 0 30 0 0 0"},
+                                                       {"Leg::PLeft", "1 1 3 1 1 1"}}),
+                                                 step({})},
+                                                1));
+    tree.addSkill(
+        "Tight",
+        skilltest::skillText(
+            {step({{"Leg::Left", "0 0 30 0 0 0"}, {"Leg::PLeft", "1 1 3 1 1 1"}}), step({})}, 1));
+    load();
+    const std::pair<const char*, float> cases[] = {
+        {"Loose", 25.1F}, {"Loose", 34.9F}, {"Tight", 29.95F}, {"Tight", 30.05F}};
+    for (const auto& [name, angle] : cases) {
+        ConfigSkill::setCurrentConfigStepNumber(0);
+        setAngle(body().getLeftLeg(), 2, angle);
+        play(name);
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U) << name << " at " << angle;
+    }
+    const std::pair<const char*, float> misses[] = {
+        {"Loose", 24.9F}, {"Loose", 35.1F}, {"Tight", 29.85F}, {"Tight", 30.15F}};
+    for (const auto& [name, angle] : misses) {
+        ConfigSkill::setCurrentConfigStepNumber(0);
+        setAngle(body().getLeftLeg(), 2, angle);
+        play(name);
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U) << name << " at " << angle;
+    }
+}
+
+TEST_F(ConfigSkillTest, NothingToPlayGivesAHeldCommandAndKeepsTheStep) {
+    addTwoStepSkill(tree);
+    load();
+    ConfigSkill::setCurrentConfigStepNumber(1);
+    Command* command = play("Nope");
+    ASSERT_NE(command, nullptr);
+    EXPECT_FALSE(command->isSendCommand());
+    EXPECT_EQ(command->toString(), kHeldText);
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
+    EXPECT_EQ(player.getConfigCommandSkillSize(), 0U);
+    EXPECT_FALSE(player.isFinished());
+
+    // A step index left over from a longer skill.
+    ConfigSkill::setCurrentConfigStepNumber(5);
+    command = play("Two");
+    EXPECT_EQ(command->toString(), kHeldText);
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 5U);
+    EXPECT_EQ(player.getConfigLoopStepNumber(), 0U);
+    // The held command is the player's own: the key frames are untouched.
+    ConfigReader::Database database = ConfigReader::instance()->getConfigSkillCommandDataBase();
+    for (Command* frame : database["Two"]) {
+        EXPECT_TRUE(frame->isSendCommand());
+    }
+}
+
+TEST_F(ConfigSkillTest, TurnOverrideDrivesBothLegRotationsOnStepsThreeToFive) {
+    tree.addSkill("Turn", skilltest::skillText(
+                              {step({}), step({}), step({}), step({}), step({}), step({})}, 1));
+    load();
+    ConfigSkill::setCurrentConfigStepNumber(2);
+    Command* command = player.getConfigCommandSkill("Turn", &agent, 20.0F);
+    EXPECT_EQ(command->getLeftLegCommand().getRotationCommand().getJointTargetAlphaValue(), 0.0F);
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 3U);  // step 3 was at rest: reached
+
+    for (unsigned int k = 3; k <= 5; ++k) {
+        ConfigSkill::setCurrentConfigStepNumber(k);
+        command = player.getConfigCommandSkill("Turn", &agent, 20.0F);
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), k);  // 30 degrees away: not reached
+        EXPECT_EQ(player.getTurnValue(), 20.0F);
+        for (LegCommand* leg : {&command->getLeftLegCommand(), &command->getRightLegCommand()}) {
+            EXPECT_EQ(leg->getRotationCommand().getJointTargetAlphaValue(), 30.0F);
+            EXPECT_EQ(leg->getRotationCommand().getJointVelocityValue(), 3.0F);
+            EXPECT_EQ(leg->getRotationCommand().getPrecision(), 0.1F);
+        }
+        EXPECT_EQ(command->toString(), effectorText({{"lle1", "2.61799"}, {"rle1", "2.61799"}}));
+    }
+    // Without the angle the stored key frame keeps the override.
+    ConfigSkill::setCurrentConfigStepNumber(4);
+    EXPECT_EQ(play("Turn")->getRightLegCommand().getRotationCommand().getJointTargetAlphaValue(),
+              30.0F);
+}
+
+TEST_F(ConfigSkillTest, StepCorrectionsRewriteTheLegTargets) {
+    tree.addSkill(
+        "Lift",
+        skilltest::skillText(
+            {step({{"leftRaise2", "true 25 4"}, {"rightFootParallerGround", "true 3"}}), step({})},
+            1));
+    load();
+    setAngle(body().getRightLeg(), 1, 10.0F);  // right hip X keeps step 1 from being reached
+    Command* command = play("Lift");
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U);
+    EXPECT_EQ(command->getLeftLegCommand().getHipYCommand().getJointTargetAlphaValue(), 25.0F);
+    EXPECT_EQ(command->getLeftLegCommand().getKneeCommand().getJointTargetAlphaValue(), -25.0F);
+    EXPECT_NEAR(command->getRightLegCommand().getFootYCommand().getJointTargetAlphaValue(), -10.0F,
+                1e-4);
+    EXPECT_EQ(command->getRightLegCommand().getFootYCommand().getPrecision(), 0.01F);
+    EXPECT_EQ(command->toString(), effectorText({{"lle3", "3.49066"},
+                                                 {"lle4", "-3.49066"},
+                                                 {"rle2", "-0.872665"},
+                                                 {"rle6", "-2.61799"}}));
+}
+
+TEST_F(ConfigSkillTest, WaitHoldsTheKeyFrameUntilItsTimeHasPassed) {
+    tree.addSkill(
+        "Hold", skilltest::skillText(
+                    {step({{"wait", "0.5"}, {"Arm::Left", "10 0 0 0"}, {"Arm::PLeft", "5 1 1 1"}}),
+                     step({})},
+                    1));
+    load();
+    WorldModel wm;
+    wm.setTime(10.0F);
+    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(), kHeldText);
+    EXPECT_EQ(Command::time, 10.0F);
+    wm.setTime(10.48F);
+    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(), kHeldText);
+    wm.setTime(10.5F);
+    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(),
+              effectorText({{"lae1", "4.36332"}}));
+}
+
+TEST_F(ConfigSkillTest, WithoutAWorldModelTheWaitIsNotApplied) {
+    tree.addSkill(
+        "Hold", skilltest::skillText(
+                    {step({{"wait", "0.5"}, {"Arm::Left", "10 0 0 0"}, {"Arm::PLeft", "5 1 1 1"}}),
+                     step({})},
+                    1));
+    load();
+    EXPECT_EQ(play("Hold")->toString(), effectorText({{"lae1", "4.36332"}}));
+    EXPECT_EQ(Command::time, -1.0F);
+}
+
+TEST_F(ConfigSkillTest, WritesItsProgressToTheMainLog) {
+    addTwoStepSkill(tree);
+    load();
+    std::ostringstream log;
+    Debugger::logger.add("Main", new LogStream(&log, nullptr), false);
+    setAngle(body().getLeftArm(), 0, 10.0F);
+    play("Two");
+    play("Nope");
+    EXPECT_EQ(log.str(),
+              "mCurrentSkillName : Two\n"
+              " size : 2\n"
+              " NamE: Two\n"
+              "mCurrentConfigStepNumber : 1\n"
+              "lle5 current : 0\n"
+              "mCurrentSkillName : Nope\n"
+              " size : 0\n");
+}
+
+}  // namespace
