@@ -171,6 +171,19 @@ TEST_F(DashTest, OffTheLineAWalkIsStoppedBeforeTheTurn) {
     EXPECT_EQ(c.marker, marker("TurnLeft40", 0));
 }
 
+TEST_F(DashTest, TurnNeedsBothTheAngleAndTheLateralOffset) {
+    runUntilSkillEnds(ahead(3.0F));
+    // 2 m away the smallest turn is 10 degrees: 9.5 walks on, 10.5 stops the walk for a turn.
+    EXPECT_EQ(dash(atAngle(2.0F, 9.5F), false).skill, "Walk");
+    runUntilSkillEnds(atAngle(2.0F, 9.5F));
+    EXPECT_EQ(dash(atAngle(2.0F, 10.5F), false).skill, "Stop");
+    runUntilSkillEnds(atAngle(2.0F, 10.5F));
+    // 1 m away at 11 degrees the target is only 0.19 m off the line: no turn, walk on.
+    dash(atAngle(1.0F, 11.0F), false);
+    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
+    EXPECT_EQ(BasicDash::getConfigSkill().getCurrentSkillName(), "Walk");
+}
+
 TEST_F(DashTest, TargetBehindTurnsAtMostFortyDegrees) {
     runUntilSkillEnds(ahead(3.0F));
     const math::Point behind = atAngle(3.0F, -170.0F);
