@@ -117,10 +117,10 @@ void OffensePlan::decide() {
 
     if (ended) {
         // Reset walking and kicking, then walk.
-        DashNormalGotoPoint(mPoint, *wm, true);
+        const DashNormalGotoPoint resetDash(mPoint, *wm, true);
         DashNormalGotoPoint::setActionBoolean(false);
         DashNormalGotoPoint::setFinishedBoolean(false);
-        BasicKick(*wm, true);
+        const BasicKick resetKick(*wm, true);
         BasicKick::getConfigSkill().setCurrentSkillName("@");
         BasicKick::getConfigSkill().setFinishedSkill(false);
         startWalking();
