@@ -109,9 +109,7 @@ void GoalKeeperPlan::dive(bool left) {
         diveCommand = rightDiv.getCommand();
         diveSide = "RightDiv";
     }
-    if (wm->getSelf()->getLastCommand() != nullptr) {
-        diveCommand->setCurrentLastCommand(wm->getSelf()->getLastCommand());
-    }
+    diveCommand->setCurrentLastCommand(wm->getSelf()->getLastCommand());
     diveCommand->setAllCommands();
     replaceCommand(diveCommand);
     name = "div";
