@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "agent/Basics.h"
+#include "utilities/Basics.h"
 #include "utilities/config/Config.h"
 #include "utilities/config/Str.h"
 #include "utilities/logging/LogDevNull.h"

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "agent/Basics.h"
+#include "utilities/Basics.h"
 #include "support/CheckDiagnostic.h"
 #include "support/FileHelpers.h"
 #include "support/ScratchDirectory.h"
