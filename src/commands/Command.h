@@ -103,7 +103,7 @@ public:
 
     // Holds the key frame: the first call after time was -1 starts the wait at now; until
     // waitValue seconds have passed sendCommand is false, afterwards true.
-    void doWait(float waitValue, float now);
+    void doWait(float waitSeconds, float now);
 
     // A body whose joint angles are the targets of all five limbs.
     [[nodiscard]] Body toBody() const;

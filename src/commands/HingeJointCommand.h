@@ -12,7 +12,7 @@ class HingeJointCommand : public Joint, public MasterCommand {
 public:
     HingeJointCommand();
     HingeJointCommand(const std::string& name, float currentAlpha);
-    HingeJointCommand(const std::string& name, const HingeJoint& joint);
+    HingeJointCommand(const std::string& name, const HingeJoint& perceived);
     HingeJointCommand(const HingeJointCommand&) = default;
     HingeJointCommand& operator=(const HingeJointCommand&) = default;
     ~HingeJointCommand() override = default;

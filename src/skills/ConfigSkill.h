@@ -30,8 +30,8 @@ public:
     // The same; on steps 3, 4 and 5 both legs' rotation joints are driven to angle + 10 degrees.
     Command* getConfigCommandSkill(const std::string& name, const WorldModel* wm, float angle);
     // Without a world model: the state is the given self and a step's wait is not applied.
-    Command* getConfigCommandSkill(const std::string& name, const Self* self);
-    Command* getConfigCommandSkill(const std::string& name, const Self* self, float angle);
+    Command* getConfigCommandSkill(const std::string& name, const Self* agent);
+    Command* getConfigCommandSkill(const std::string& name, const Self* agent, float angle);
 
     // The class-wide index (from 0) of the key frame being played. Callers set it (normally to
     // 0) when they start or switch skills; the player never resets it itself.

@@ -71,6 +71,18 @@ float wordAsFloat(const ConfigValue& value, int index) {
     return value[index].b_value(0.0F);
 }
 
+std::string missingIndexKey(const std::string& indexPath, const std::string& group,
+                            const std::string& key) {
+    std::string text = "file \"";
+    text += indexPath;
+    text += "\", group \"";
+    text += group;
+    text += "\", key \"";
+    text += key;
+    text += "\" is missing";
+    return text;
+}
+
 void checkSteps(const ConfigFile& file, Checker& checker) {
     const int steps = file["DefaultSet"]["StepCount"].asInt();
     for (int s = 1; s <= steps; ++s) {
@@ -147,22 +159,23 @@ SkillChecker::Report SkillChecker::check(const std::string& dataDirectory) {
     const ConfigFile index(indexPath);
     const char* countKey = "SkillDataFileCount";
     if (!index.exists("DefultSet") || !index["DefultSet"].exists(countKey)) {
-        indexChecker.error("file \"" + indexPath + "\", group \"DefultSet\", key \"" + countKey +
-                           "\" is missing");
+        indexChecker.error(missingIndexKey(indexPath, "DefultSet", countKey));
         return report;
     }
     const auto count = static_cast<int>(index["DefultSet"][countKey].asFloat());
     for (int i = 1; i <= count; ++i) {
         const std::string key = std::to_string(i);
         if (!index.exists("SkillDataFileName") || !index["SkillDataFileName"].exists(key)) {
-            indexChecker.error("file \"" + indexPath + "\", group \"SkillDataFileName\", key \"" +
-                               key + "\" is missing");
+            indexChecker.error(missingIndexKey(indexPath, "SkillDataFileName", key));
             continue;
         }
         const std::string name = index["SkillDataFileName"][key][0].getValue();
         Checker checker(report, name);
         ++report.skillsChecked;
-        const std::string path = dataDirectory + "/SkillData/" + name + ".conf";
+        std::string path = dataDirectory;
+        path += "/SkillData/";
+        path += name;
+        path += ".conf";
         if (!std::ifstream(path).good()) {
             checker.error("file \"" + path + "\" cannot be read");
             continue;

@@ -5,9 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "math/Vector2F.h"
-#include "math/Vector4F.h"
-
 namespace {
 
 using math::Point;
@@ -50,15 +47,6 @@ TEST(PointTest, TextFormHasNoBlanks) {
     std::ostringstream out;
     out << Point(1.0F, 2.0F, 3.0F) << Point(-0.5F, 0.25F, 0.0F);
     EXPECT_EQ(out.str(), "(1,2,3)(-0.5,0.25,0)");
-}
-
-TEST(PointTest, JointTargetAggregatesAreZeroByDefault) {
-    const math::Vector2F two;
-    const math::Vector4F four;
-    EXPECT_EQ(two.x + two.y, 0.0F);
-    EXPECT_EQ(four.x + four.y + four.z + four.w, 0.0F);
-    const math::Vector4F arm{1.0F, 2.0F, 3.0F, 4.0F};
-    EXPECT_EQ(arm.w, 4.0F);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ ScratchDirectory::~ScratchDirectory() {
 }
 
 std::string ScratchDirectory::write(const std::string& name, const std::string& content) const {
-    const std::string path = directory + "/" + name;
+    std::string path = directory + "/" + name;
     std::ofstream out(path, std::ios::binary);
     out << content;
     out.close();

@@ -1,10 +1,19 @@
 #include "utilities/config/ConfigFile.h"
 
+#include <filesystem>
 #include <fstream>
 
 #include "utilities/config/ConfigError.h"
 
 using std::string;
+
+namespace {
+
+string emptyValueDetail(const string& fileName, int lineNumber, const string& key) {
+    return checkFileLocation(fileName, lineNumber) + ", key \"" + key + "\" has no value";
+}
+
+}  // namespace
 
 ConfigFile::ConfigFile(const std::string& fileName) {
     readFile(fileName);  // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall): this class's reader
@@ -13,6 +22,10 @@ ConfigFile::ConfigFile(const std::string& fileName) {
 void ConfigFile::readFile(const std::string& fileName) {
     std::ifstream fin(fileName);
     KORVEL_CHECK_DETAIL(fin, "Config", checkFileLocation(fileName, 0) + " cannot be opened");
+    // A directory opens like a file but reads as empty; say so instead of loading nothing.
+    std::error_code ignored;
+    const bool isDirectory = std::filesystem::is_directory(fileName, ignored);
+    KORVEL_CHECK_DETAIL(!isDirectory, "Config", checkFileLocation(fileName, 0) + " is a directory");
 
     static const char* const kBlanks = " \t";
     addGroup("");
@@ -52,6 +65,7 @@ void ConfigFile::readFile(const std::string& fileName) {
             const string::size_type ne = line.find_last_not_of(kBlanks, qpos - 1);
             name = line.substr(vs, ne - vs + 1);
         }
+        // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
         KORVEL_CHECK_DETAIL(name != "", "Config", checkFileLocation(fileName, lineNumber));
         // The '=' is visible and lies before any '#', so ve >= qpos; ve == qpos means no value.
         string value;
@@ -59,9 +73,8 @@ void ConfigFile::readFile(const std::string& fileName) {
             const string::size_type vb = line.find_first_not_of(kBlanks, qpos + 1);
             value = line.substr(vb, ve - vb + 1);
         }
-        KORVEL_CHECK_DETAIL(
-            value != "", "Config",
-            checkFileLocation(fileName, lineNumber) + ", key \"" + name + "\" has no value");
+        // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
+        KORVEL_CHECK_DETAIL(value != "", "Config", emptyValueDetail(fileName, lineNumber, name));
         groups[current].add(name, value);
     }
 }

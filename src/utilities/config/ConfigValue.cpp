@@ -32,24 +32,28 @@ const Str& ConfigValue::operator[](int i) const {
 }
 
 float ConfigValue::asFloat() const {
+    // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
     KORVEL_CHECK_DETAIL(values.size() > 0, "Config",
                         checkValueLocation(configurationName, groupName, key) + " has no value");
     return values[0].b_value(0.0F);
 }
 
 int ConfigValue::asInt() const {
+    // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
     KORVEL_CHECK_DETAIL(values.size() > 0, "Config",
                         checkValueLocation(configurationName, groupName, key) + " has no value");
     return values[0].b_value(0);
 }
 
 bool ConfigValue::asBool() const {
+    // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
     KORVEL_CHECK_DETAIL(values.size() > 0, "Config",
                         checkValueLocation(configurationName, groupName, key) + " has no value");
     return values[0].b_value(false);
 }
 
 char ConfigValue::asChar() const {
+    // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
     KORVEL_CHECK_DETAIL(values.size() > 0, "Config",
                         checkValueLocation(configurationName, groupName, key) + " has no value");
     return values[0].b_value('\0');

@@ -19,7 +19,8 @@ public:
     // `value` becomes what a default-formatted std::ostringstream makes of `v`: strings are
     // copied, integers written in decimal, floats written as doubles with 6 significant digits.
     template <typename T>
-    Str(const T& v) {  // NOLINT(google-explicit-constructor): any printable value is a Str
+    requires(!std::is_base_of_v<Str, T>)
+        Str(const T& v) {  // NOLINT(google-explicit-constructor): any printable value is a Str
         std::ostringstream out;
         if constexpr (std::is_same_v<T, float>) {
             out << static_cast<double>(v);
@@ -28,6 +29,10 @@ public:
         }
         value = out.str();
     }
+
+    // Strings are taken as they are, without building a stream: every atom of every server
+    // message becomes a Str, and a stream per atom would cost more than the whole parse.
+    Str(const std::string& v) : value(v) {}  // NOLINT(google-explicit-constructor)
 
     // "x|y|z|", each component formatted as a float above.
     Str(const math::Vector3<float>& v);  // NOLINT(google-explicit-constructor)

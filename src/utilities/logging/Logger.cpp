@@ -1,18 +1,6 @@
 #include "utilities/logging/Logger.h"
 
-#include <cstdlib>
-#include <iostream>
-
-// A missing registry means a Logger was used before any was constructed: stop with the condition
-// and the function, like every other broken invariant of the program.
-#define KORVEL_LOGGER_CHECK(condition)                                                       \
-    do {                                                                                     \
-        if (!(condition)) {                                                                  \
-            std::cerr << "Logger:" << __LINE__ << ": " << static_cast<const char*>(__func__) \
-                      << ": check '" #condition "' failed." << std::endl;                    \
-            std::abort();                                                                    \
-        }                                                                                    \
-    } while (false)
+#include "utilities/config/ConfigError.h"
 
 Logger::LogStreams* Logger::logStreams = nullptr;
 
@@ -31,7 +19,7 @@ Logger::LogStreams::~LogStreams() {
 }
 
 void Logger::LogStreams::add(const std::string& name, LogStream* stream, bool showBeginEnd) {
-    if (streams.find(name) != streams.end()) {
+    if (stream == nullptr || streams.find(name) != streams.end()) {
         return;
     }
     stream->setShowBeginEnd(showBeginEnd);
@@ -82,27 +70,28 @@ Logger::Logger() {
 Logger::~Logger() = default;
 
 void Logger::add(const std::string& name, LogStream* stream, bool showBeginEnd) {
-    KORVEL_LOGGER_CHECK(logStreams);
+    // A Logger used before any was constructed finds no registry.
+    KORVEL_CHECK(logStreams, "Logger");
     logStreams->add(name, stream, showBeginEnd);
 }
 
 LogStream& Logger::operator[](const std::string& name) {
-    KORVEL_LOGGER_CHECK(logStreams);
+    KORVEL_CHECK(logStreams, "Logger");
     return (*logStreams)[name];
 }
 
 void Logger::showBeginCycle() {
-    KORVEL_LOGGER_CHECK(logStreams);
+    KORVEL_CHECK(logStreams, "Logger");
     logStreams->showBeginCycle();
 }
 
 void Logger::showEndCycle() {
-    KORVEL_LOGGER_CHECK(logStreams);
+    KORVEL_CHECK(logStreams, "Logger");
     logStreams->showEndCycle();
 }
 
 Logger::LogStreams& Logger::getLogStreams() {
-    KORVEL_LOGGER_CHECK(logStreams);
+    KORVEL_CHECK(logStreams, "Logger");
     return *logStreams;
 }
 

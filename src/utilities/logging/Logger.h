@@ -25,7 +25,8 @@ public:
         virtual ~LogStreams();
 
         // Takes ownership of `stream` unless `name` is taken (then the first one stays and
-        // `stream` is neither stored nor deleted). Sets the stream's stamp switch.
+        // `stream` is neither stored nor deleted). Sets the stream's stamp switch. A null stream
+        // registers nothing.
         void add(const std::string& name, LogStream* stream, bool showBeginEnd);
         LogStream& operator[](const std::string& name);
         // Cycle banners on every stamped, writing stream, in name order.

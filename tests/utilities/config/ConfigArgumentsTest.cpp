@@ -33,6 +33,7 @@ protected:
     bool run(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), "./korvel");
         std::vector<char*> argv;
+        argv.reserve(arguments.size() + 1);
         for (std::string& argument : arguments) {
             argv.push_back(argument.data());
         }

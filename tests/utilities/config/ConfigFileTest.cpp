@@ -165,6 +165,13 @@ TEST_F(ConfigFileTest, MissingFileIsFatal) {
                                                 "file \"" + path + "\" cannot be opened"));
 }
 
+TEST_F(ConfigFileTest, DirectoryIsFatal) {
+    ConfigFile file;
+    EXPECT_EXIT(file.setByFile(dir.path()), ::testing::ExitedWithCode(1),
+                support::checkDiagnosticPattern("Config", kReadFile, "!isDirectory",
+                                                "file \"" + dir.path() + "\" is a directory"));
+}
+
 TEST_F(ConfigFileTest, HeaderWithoutClosingBracketIsFatal) {
     EXPECT_EXIT(read("# c\n\n[Server\n"), ::testing::ExitedWithCode(1),
                 formatError("line[ve] == ']'", 3));

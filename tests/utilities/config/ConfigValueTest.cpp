@@ -18,16 +18,6 @@ TEST(ConfigValueTest, TypedAccessorsReadTheFirstWord) {
     EXPECT_EQ(value[2].b_value('?'), 'x');
 }
 
-TEST(ConfigValueTest, SpecialWords) {
-    EXPECT_EQ(ConfigValue("nan").asFloat(), 0.0F);
-    EXPECT_EQ(ConfigValue("abc").asFloat(), 0.0F);
-    EXPECT_EQ(ConfigValue("12.7").asInt(), 12);
-    EXPECT_TRUE(ConfigValue("True").asBool());
-    EXPECT_TRUE(ConfigValue("1").asBool());
-    EXPECT_FALSE(ConfigValue("yes").asBool());
-    EXPECT_EQ(ConfigValue("xyz").asChar(), 'x');
-}
-
 TEST(ConfigValueTest, EmptyTextGivesOneEmptyWord) {
     const ConfigValue value("");
     ASSERT_EQ(value.size(), 1);

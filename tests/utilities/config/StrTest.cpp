@@ -104,12 +104,4 @@ TEST(StrTest, VectorSurvivesARoundTrip) {
     EXPECT_EQ(Str(v).b_value(math::Vector3<float>()), v);
 }
 
-TEST(StrTest, CopiesAreIndependent) {
-    Str a("one");
-    Str b = a;
-    a = Str("two");
-    EXPECT_EQ(text(b), "one");
-    EXPECT_EQ(text(a), "two");
-}
-
 }  // namespace

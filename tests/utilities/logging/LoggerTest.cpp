@@ -5,7 +5,8 @@
 #include <sstream>
 
 #include "support/FakeTimer.h"
-#include "support/TempDir.h"
+#include "support/FileHelpers.h"
+#include "support/ScratchDirectory.h"
 #include "utilities/logging/LogDevNull.h"
 #include "utilities/logging/LogFile.h"
 #include "utilities/logging/LogStdErr.h"
@@ -35,19 +36,19 @@ TEST_F(LoggerTest, BannersAreWrittenByteForByte) {
 }
 
 TEST_F(LoggerTest, RegisteredFileStreamIsStamped) {
-    TempDir dir;
-    const std::string path = dir.file("Korvel-1.log");
+    support::ScratchDirectory dir;
+    const std::string path = dir.path() + "/Korvel-1.log";
     logger.add("Main", new LogFile(path, &timer), true);
     logger["Main"] << "abc" << 5 << std::endl;
-    EXPECT_EQ(readWholeFile(path), "  0042. abc5\n");
+    EXPECT_EQ(support::readFile(path), "  0042. abc5\n");
 }
 
 TEST_F(LoggerTest, SwitchOffWritesRawText) {
-    TempDir dir;
-    const std::string path = dir.file("Korvel-1.log.offline");
+    support::ScratchDirectory dir;
+    const std::string path = dir.path() + "/Korvel-1.log.offline";
     logger.add("MainOff", new LogFile(path, &timer), false);
     logger["MainOff"] << "abc" << 5 << std::endl;
-    EXPECT_EQ(readWholeFile(path), "abc5\n");
+    EXPECT_EQ(support::readFile(path), "abc5\n");
 }
 
 TEST_F(LoggerTest, UnknownNameGivesADiscardingStream) {
@@ -68,6 +69,14 @@ TEST_F(LoggerTest, FirstRegistrationOfANameStays) {
     logger["Main"] << "x" << std::endl;
     EXPECT_EQ(first->text.str(), "  0042. x\n");
     EXPECT_EQ(second.text.str(), "");
+}
+
+TEST_F(LoggerTest, NullStreamRegistersNothing) {
+    logger.add("Main", nullptr, true);
+    EXPECT_TRUE(logger.getLogStreams().getStreams().empty());
+    auto* later = new LogString(&timer);
+    logger.add("Main", later, true);
+    EXPECT_EQ(&logger["Main"], later);
 }
 
 TEST_F(LoggerTest, AllLoggersShareOneRegistry) {
@@ -127,28 +136,28 @@ TEST_F(LoggerTest, ResetStateDropsEveryStream) {
 }
 
 TEST_F(LoggerTest, FileThatCannotBeOpenedSwallowsOutput) {
-    TempDir dir;
-    const std::string path = dir.file("missing/sub/Korvel-1.log");
+    support::ScratchDirectory dir;
+    const std::string path = dir.path() + "/missing/sub/Korvel-1.log";
     logger.add("Main", new LogFile(path, &timer), true);
     logger["Main"] << "lost" << std::endl;
     EXPECT_EQ(logger["Main"].getOut()->good(), false);
-    EXPECT_EQ(readWholeFile(path), "");
+    EXPECT_EQ(support::readFile(path), "");
 }
 
 TEST_F(LoggerTest, FileIsTruncatedWhenOpened) {
-    TempDir dir;
-    const std::string path = dir.file("old.log");
-    writeWholeFile(path, "old content\n");
+    support::ScratchDirectory dir;
+    const std::string path = dir.path() + "/old.log";
+    dir.write("old.log", "old content\n");
     LogFile file(path, &timer);
     EXPECT_EQ(file.getFileName(), path);
     file << "new" << std::endl;
-    EXPECT_EQ(readWholeFile(path), "new\n");
+    EXPECT_EQ(support::readFile(path), "new\n");
 }
 
 TEST_F(LoggerTest, MemoryFileMovesItsTextIntoTheFileItIsGiven) {
-    TempDir dir;
-    const std::string path = dir.file("late.log");
-    writeWholeFile(path, "stale\n");
+    support::ScratchDirectory dir;
+    const std::string path = dir.path() + "/late.log";
+    dir.write("late.log", "stale\n");
     LogFile file(&timer);
     file.setShowBeginEnd(true);
     file << "first" << std::endl << "second";
@@ -156,15 +165,15 @@ TEST_F(LoggerTest, MemoryFileMovesItsTextIntoTheFileItIsGiven) {
     file.setFileName(path);
     file << " line" << std::endl;
     EXPECT_EQ(file.getFileName(), "");
-    EXPECT_EQ(readWholeFile(path), "  0042. first\n  0042. second line\n");
+    EXPECT_EQ(support::readFile(path), "  0042. first\n  0042. second line\n");
 
     // A named file keeps its constructor name when moved to another file.
-    const std::string renamed = dir.file("renamed.log");
-    LogFile named(dir.file("named.log"), nullptr);
+    const std::string renamed = dir.path() + "/renamed.log";
+    LogFile named(dir.path() + "/named.log", nullptr);
     named.setFileName(renamed);
     named << "moved" << std::endl;
-    EXPECT_EQ(named.getFileName(), dir.file("named.log"));
-    EXPECT_EQ(readWholeFile(renamed), "moved\n");
+    EXPECT_EQ(named.getFileName(), dir.path() + "/named.log");
+    EXPECT_EQ(support::readFile(renamed), "moved\n");
 }
 
 TEST_F(LoggerTest, ConsoleStreamsWriteToStandardOutputAndError) {

@@ -1,0 +1,42 @@
+#include "worldmodel/Flag.h"
+
+Flag::Flag(FlagType type) : StaticObject(math::Vector3<float>()), type(type) {
+    // Called during construction: this class's own version is the one meant here.
+    Flag::setFlagType(type);
+}
+
+void Flag::setFlagType(FlagType newType) {
+    type = newType;
+    auto& field = config["WorldModelParameters"]["Field"];
+    const float halfLength = field["Length"].asFloat() * 0.5F;
+    const float halfWidth = field["Width"].asFloat() * 0.5F;
+    const float halfGoal = field["GoalWidth"].asFloat() * 0.5F;
+    switch (newType) {
+        case F1L:
+            setPosition(math::Vector3<float>(-halfLength, halfWidth, 0.0F));
+            break;
+        case F1R:
+            setPosition(math::Vector3<float>(halfLength, halfWidth, 0.0F));
+            break;
+        case F2L:
+            setPosition(math::Vector3<float>(-halfLength, -halfWidth, 0.0F));
+            break;
+        case F2R:
+            setPosition(math::Vector3<float>(halfLength, -halfWidth, 0.0F));
+            break;
+        case G1L:
+            setPosition(math::Vector3<float>(-halfLength, halfGoal, 0.0F));
+            break;
+        case G1R:
+            setPosition(math::Vector3<float>(halfLength, halfGoal, 0.0F));
+            break;
+        case G2L:
+            setPosition(math::Vector3<float>(-halfLength, -halfGoal, 0.0F));
+            break;
+        case G2R:
+            setPosition(math::Vector3<float>(halfLength, -halfGoal, 0.0F));
+            break;
+        default:
+            break;
+    }
+}

@@ -1,0 +1,191 @@
+// Self-localisation on constructed scenes whose answers are known: a 12 x 8 m field with goals
+// 1.4 m wide, so F1R is at (6, 4, 0), F2R at (6, -4, 0), G1L at (-6, 0.7, 0).
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <iomanip>
+#include <numbers>
+#include <sstream>
+
+#include "worldmodel/WorldModelTesting.h"
+
+namespace {
+
+using Seen = std::map<unsigned int, math::Vector3<float>>;
+using V = math::Vector3<float>;
+
+constexpr float pi = 3.14159265F;
+
+// The field positions of the eight landmarks on the 12 x 8 m field, by FlagType value.
+const std::array<V, 8> field = {V(-6, 4, 0),    V(6, 4, 0),    V(-6, -4, 0),    V(6, -4, 0),
+                                V(-6, 0.7F, 0), V(6, 0.7F, 0), V(-6, -0.7F, 0), V(6, -0.7F, 0)};
+
+// What a camera at `at` (height at.z above the landmarks) turned to `heading` (radians) sees of
+// landmark `type`.
+V seenFrom(const V& at, float heading, unsigned int type) {
+    const double dx = static_cast<double>(field[type].x - at.x);
+    const double dy = static_cast<double>(field[type].y - at.y);
+    const double c = std::cos(static_cast<double>(heading));
+    const double s = std::sin(static_cast<double>(heading));
+    return {static_cast<float>(c * dx + s * dy), static_cast<float>(-s * dx + c * dy), -at.z};
+}
+
+// A perceptor "pol" text for a relative vector: distance, horizontal and vertical degrees.
+std::string pol(const V& v) {
+    const double x = v.x;
+    const double y = v.y;
+    const double z = v.z;
+    const double d = std::sqrt(x * x + y * y + z * z);
+    std::ostringstream out;
+    out << std::setprecision(9) << "(pol " << d << " "
+        << std::atan2(y, x) * 180.0 / std::numbers::pi << " "
+        << std::asin(z / d) * 180.0 / std::numbers::pi << ")";
+    return out.str();
+}
+
+}  // namespace
+
+class LocalisationTest : public WorldModelTest {
+protected:
+    void SetUp() override {
+        WorldModelTest::SetUp();
+        setConfig("WorldModelParameters", "Field", "Length", "12");
+        setConfig("WorldModelParameters", "Field", "Width", "8");
+        setConfig("WorldModelParameters", "Field", "GoalWidth", "1.4");
+    }
+
+    WorldModel wm;
+};
+
+TEST_F(LocalisationTest, TwoLandmarksStraightAhead) {
+    const Seen seen = {{F1R, V(5, 4, -0.5F)}, {F2R, V(5, -4, -0.5F)}};
+    const V heading = wm.updateBodyAngularPositionByFlags(seen, 0);
+    EXPECT_EQ(heading, V(0, 0, 0));
+    EXPECT_TRUE(Share::bodyDir);
+    const V position = wm.updateBodyAngularPositionByFlags(seen, 1);
+    EXPECT_NEAR(position.x, 1.0, 1e-5);
+    EXPECT_NEAR(position.y, 0.0, 1e-5);
+    EXPECT_NEAR(position.z, 0.5, 1e-5);
+    EXPECT_EQ(Self::getLastPosition(), position);
+    EXPECT_EQ(wm.getXY(), 0.0F);
+    EXPECT_EQ(wm.getFlagsVisionSize(), 2);
+    EXPECT_EQ(wm.getFlag(F2R)->getPosition(), V(6, -4, 0));
+    EXPECT_EQ(wm.getFlag(G1L)->getPosition(), V(-6, 0.7F, 0));
+    EXPECT_FALSE(wm.isFallen());
+}
+
+TEST_F(LocalisationTest, TheSameSceneTurnedByARightAngle) {
+    const Seen seen = {{F1R, V(4, -5, -0.5F)}, {F2R, V(-4, -5, -0.5F)}};
+    EXPECT_NEAR(wm.updateBodyAngularPositionByFlags(seen, 0).x, pi / 2, 1e-6);
+    const V position = wm.updateBodyAngularPositionByFlags(seen, 1);
+    EXPECT_NEAR(position.x, 1.0, 1e-5);
+    EXPECT_NEAR(position.y, 0.0, 1e-5);
+    EXPECT_NEAR(position.z, 0.5, 1e-5);
+    EXPECT_NEAR(wm.getXY(), pi / 2, 1e-6);
+}
+
+TEST_F(LocalisationTest, OneLandmarkFixesNothingButTheFallIndicator) {
+    Self::setLastPosition(V(3, 2, 1));
+    Share::bodyDir = true;
+    const Seen seen = {{F1L, V(1, 0, 7)}};
+    EXPECT_EQ(wm.updateBodyAngularPositionByFlags(seen, 0), V(3, 2, 1));
+    EXPECT_FALSE(Share::bodyDir);
+    EXPECT_EQ(wm.updateBodyAngularPositionByFlags(seen, 1), V(3, 2, 1));
+    EXPECT_TRUE(wm.isFallen());
+    EXPECT_EQ(wm.getXY(), 0.0F);
+    EXPECT_EQ(Self::getLastPosition(), V(3, 2, 1));
+}
+
+TEST_F(LocalisationTest, NoLandmarkKeepsTheFallIndicator) {
+    // Lying on the side: the landmarks appear 6.5 m below the camera's horizontal plane.
+    wm.updateBodyAngularPositionByFlags({{F1R, V(4, -5, -6.5F)}, {F2R, V(-4, -5, -6.5F)}}, 0);
+    ASSERT_TRUE(wm.isFallen());
+    ASSERT_NEAR(wm.getXY(), pi / 2, 1e-6);
+    Self::setLastPosition(V(3, 2, 1));
+    EXPECT_EQ(wm.updateBodyAngularPositionByFlags({}, 0), V(3, 2, 1));
+    EXPECT_EQ(wm.updateBodyAngularPositionByFlags({}, 1), V(3, 2, 1));
+    EXPECT_FALSE(Share::bodyDir);
+    EXPECT_EQ(wm.getXY(), 0.0F);
+    EXPECT_TRUE(wm.isFallen());
+    wm.updateBodyAngularPositionByFlags({{F1L, V(1, 0, 6.0F)}}, 0);
+    EXPECT_FALSE(wm.isFallen());  // exactly 6 is not fallen
+}
+
+TEST_F(LocalisationTest, AllEightLandmarksRefineThePositionOnAGrid) {
+    // A camera 5 cm above the landmarks at (1, 0.5), turned by 0.3 rad. The first estimate
+    // keeps the camera's height; a position found by the grid lies on the ground (z 0).
+    const V at(1, 0.5F, 0.05F);
+    Seen seen;
+    for (unsigned int t = 0; t < 8; ++t) {
+        seen[t] = seenFrom(at, 0.3F, t);
+    }
+    EXPECT_NEAR(wm.updateBodyAngularPositionByFlags(seen, 0).x, 0.3, 1e-5);
+    const V refined = wm.updateBodyAngularPositionByFlags(seen, 1);
+    EXPECT_NEAR(refined.x, 1.0, 0.01);
+    EXPECT_NEAR(refined.y, 0.5, 0.01);
+    EXPECT_EQ(refined.z, 0.0F);
+
+    // With one landmark fewer no candidate can pass: the first estimate stands.
+    seen.erase(G2L);
+    const V estimate = wm.updateBodyAngularPositionByFlags(seen, 1);
+    EXPECT_NEAR(estimate.x, 1.0, 1e-4);
+    EXPECT_NEAR(estimate.y, 0.5, 1e-4);
+    EXPECT_NEAR(estimate.z, 0.05, 1e-4);
+}
+
+TEST_F(LocalisationTest, CancellingPairEstimatesKeepThePreviousHeading) {
+    wm.updateBodyAngularPositionByFlags({{F1R, V(4, -5, 0)}, {F2R, V(-4, -5, 0)}}, 0);
+    ASSERT_NEAR(wm.getXY(), pi / 2, 1e-6);
+    const float heading = wm.getXY();
+    // Two landmarks 8 m apart seen at one place: the two pair estimates point opposite ways.
+    const Seen seen = {{F1R, V(5, 0, 0)}, {F2R, V(5, 0, 0)}};
+    EXPECT_EQ(wm.updateBodyAngularPositionByFlags(seen, 0).x, heading);
+    EXPECT_EQ(wm.getXY(), heading);
+    EXPECT_FALSE(Share::bodyDir);
+    const V position = wm.updateBodyAngularPositionByFlags(seen, 1);
+    EXPECT_TRUE(std::isfinite(position.x) && std::isfinite(position.y));
+    EXPECT_EQ(wm.getXY(), heading);
+}
+
+TEST_F(LocalisationTest, VisionPlacesSelfAndBall) {
+    // The robot at (1, 2), camera 0.5 m up, facing +x; the ball 2 m ahead, 30 degrees down.
+    const V at(1, 2, 0.5F);
+    const std::string see = "(See (F1R " + pol(seenFrom(at, 0, F1R)) + ") (F2R " +
+                            pol(seenFrom(at, 0, F2R)) + ") (B (pol 2 0 -30)))";
+    ASSERT_TRUE(wm.update("(time (now 1.00))(HJ (n hj1) (ax 10))" + see));
+    EXPECT_NEAR(wm.getXY(), 0.0, 1e-5);
+    EXPECT_NEAR(wm.getSelf()->getPosition().x, 1.0, 1e-4);
+    EXPECT_NEAR(wm.getSelf()->getPosition().y, 2.0, 1e-4);
+    EXPECT_NEAR(wm.getSelf()->getPosition().z, 0.5, 1e-4);
+    EXPECT_NEAR(wm.getBall()->getPosition().x, 1.0 + std::sqrt(3.0), 1e-4);
+    EXPECT_NEAR(wm.getBall()->getPosition().y, 2.0, 1e-4);
+    EXPECT_NEAR(wm.getBall()->getPosition().z, -0.5, 1e-4);
+    // The head looks straight ahead while the neck is turned 10 degrees left: the body points
+    // 10 degrees right.
+    EXPECT_NEAR(wm.getSelf()->getBodyDirection(), -10.0, 1e-3);
+
+    // A ball straight below the camera.
+    const std::string below = "(See (F1R " + pol(seenFrom(at, 0, F1R)) + ") (F2R " +
+                              pol(seenFrom(at, 0, F2R)) + ") (B (pol 0.5 0 -90)))";
+    ASSERT_TRUE(wm.update("(time (now 1.02))" + below));
+    EXPECT_NEAR(wm.getBall()->getPosition().x, 1.0, 1e-4);
+    EXPECT_NEAR(wm.getBall()->getPosition().y, 2.0, 1e-4);
+    EXPECT_NEAR(wm.getBall()->getPosition().z, 0.0, 1e-4);
+}
+
+TEST_F(LocalisationTest, VisionWithOneLandmarkKeepsTheBodyDirection) {
+    const V at(1, 2, 0.5F);
+    ASSERT_TRUE(wm.update("(time (now 1.00))(HJ (n hj1) (ax 10))(See (F1R " +
+                          pol(seenFrom(at, 0, F1R)) + ") (F2R " + pol(seenFrom(at, 0, F2R)) +
+                          "))"));
+    const float direction = wm.getSelf()->getBodyDirection();
+    ASSERT_TRUE(wm.update("(time (now 1.02))(HJ (n hj1) (ax 40))(See (F1R " +
+                          pol(seenFrom(at, 0, F1R)) + ") (B (pol 1 0 -20)))"));
+    EXPECT_FALSE(Share::bodyDir);
+    EXPECT_EQ(wm.getSelf()->getBodyDirection(), direction);
+    // Without a heading the ball is placed as if the head looked along +x, from the last
+    // position.
+    EXPECT_NEAR(wm.getBall()->getPosition().y, 2.0, 1e-4);
+    EXPECT_NEAR(wm.getBall()->getPosition().x, 1.0 + std::cos(20.0 * std::numbers::pi / 180.0),
+                1e-4);
+}
