@@ -7,7 +7,7 @@
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
-#include "support/TempDir.h"
+#include "support/FileHelpers.h"
 #include "utilities/config/Config.h"
 #include "worldmodel/Share.h"
 
@@ -42,7 +42,7 @@ protected:
 
     // Loads the tree's skills the way the player does: from its working directory.
     ConfigReader::Database load() {
-        const ScopedChdir inTree(tree.root());
+        const support::ScopedChdir inTree(tree.root());
         config.add("Config_FileAdresses", "./Data/ConfigurationData/Config_FileAddresses.conf");
         return ConfigReader::instance()->getConfigSkillCommandDataBase();
     }

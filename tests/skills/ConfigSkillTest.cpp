@@ -9,7 +9,7 @@
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
-#include "support/TempDir.h"
+#include "support/FileHelpers.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/logging/Logger.h"
@@ -62,7 +62,7 @@ protected:
 
     // Loads the tree's skills from its working directory, as the player's first request does.
     void load() {
-        const ScopedChdir inTree(tree.root());
+        const support::ScopedChdir inTree(tree.root());
         config.add("Config_FileAdresses", "./Data/ConfigurationData/Config_FileAddresses.conf");
         testing::internal::CaptureStdout();  // the loading status lines
         ConfigReader::instance();

@@ -151,9 +151,9 @@ TEST_F(SkillCheckerTest, ReportsAMissingIndex) {
 }
 
 TEST_F(SkillCheckerTest, ReportsIndexEntriesThatAreMissing) {
-    writeWholeFile(tree.dataDirectory() + "/ConfigurationData/Config_FileAddresses.conf",
+    skilltest::writeWholeFile(tree.dataDirectory() + "/ConfigurationData/Config_FileAddresses.conf",
                    "[DefultSet]\nSkillDataFileCount = 2\n[SkillDataFileName]\n2 = Two\n");
-    writeWholeFile(tree.skillPath("Two"), skilltest::skillText({step({})}, 1));
+    skilltest::writeWholeFile(tree.skillPath("Two"), skilltest::skillText({step({})}, 1));
     const SkillChecker::Report report = check();
     ASSERT_EQ(report.findings.size(), 1U) << SkillChecker::format(report);
     EXPECT_EQ(report.skillsChecked, 1U);

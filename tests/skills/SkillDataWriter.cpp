@@ -1,6 +1,8 @@
 #include "SkillDataWriter.h"
 
 #include <filesystem>
+#include <fstream>
+#include <stdexcept>
 
 namespace skilltest {
 
@@ -47,6 +49,14 @@ std::string skillText(const std::vector<StepKeys>& steps, int loopStep) {
         }
     }
     return text;
+}
+
+void writeWholeFile(const std::string& path, const std::string& text) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out << text;
+    if (!out) {
+        throw std::runtime_error("cannot write " + path);
+    }
 }
 
 DataTree::DataTree() {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/TempDir.h"
+#include "support/ScratchDirectory.h"
 
 namespace skilltest {
 
@@ -20,6 +20,9 @@ StepKeys step(const StepKeys& changes);
 // The text of a skill file with the given steps and loop step (counting from 1).
 std::string skillText(const std::vector<StepKeys>& steps, int loopStep);
 
+// Writes text to path, creating or truncating the file.
+void writeWholeFile(const std::string& path, const std::string& text);
+
 // A Data tree in a temporary directory: the configuration index listing the given skills, and
 // their files. The tree lives at root()/Data.
 class DataTree {
@@ -34,7 +37,7 @@ public:
     [[nodiscard]] std::string skillPath(const std::string& name) const;
 
 private:
-    TempDir dir;
+    support::ScratchDirectory dir;
     std::vector<std::string> skills;
 };
 

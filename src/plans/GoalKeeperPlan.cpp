@@ -1,0 +1,123 @@
+#include "plans/GoalKeeperPlan.h"
+
+#include <utility>
+
+#include "commands/Command.h"
+#include "skills/dive/LeftDiv.h"
+#include "skills/dive/RightDiv.h"
+#include "skills/sidewalk/BasicSideWalk.h"
+#include "skills/standup/BasicStandUp.h"
+#include "skills/style/BasicStyle.h"
+#include "worldmodel/WorldModel.h"
+
+namespace {
+// Distance of the dive limit from the centre line along x, metres.
+constexpr float kDiveLimit = 5.0F;
+}  // namespace
+
+bool GoalKeeperPlan::first = true;
+std::string GoalKeeperPlan::name;
+math::Point GoalKeeperPlan::mPoint(0.0F, 0.0F, 0.0F);
+std::string GoalKeeperPlan::diveSide;
+
+GoalKeeperPlan::GoalKeeperPlan(std::string name, const WorldModel* wm)
+    : AdvancePlan(std::move(name), wm) {}
+
+bool GoalKeeperPlan::isFinished() {
+    return true;
+}
+
+double GoalKeeperPlan::successRate() {
+    return 0.0;
+}
+
+void GoalKeeperPlan::replaceCommand(Command* next) {
+    delete command;
+    command = next;
+}
+
+void GoalKeeperPlan::decide() {
+    // Opening: one style step, which reports finished at once; the decision goes on.
+    if (first) {
+        BasicStyle style(*wm, false);
+        replaceCommand(style.getCommand());
+        if (style.isFinished()) {
+            first = false;
+        }
+    }
+
+    const math::Vector3<float>& ball = wm->getBall()->getPosition();
+    ballY = ball.getY();
+    ballX = ball.getX();
+
+    if (name == "standup") {
+        BasicStandUp probe(*wm, false, false);
+        delete probe.getCommand();
+        if (probe.isFinished()) {
+            chooseAfresh();
+        } else {
+            BasicStandUp standUp(*wm, false, false);
+            replaceCommand(standUp.getCommand());
+        }
+    } else if (name.empty() || name == "sideWalk" || name == "div") {
+        chooseAfresh();
+    }
+
+    // Fall check, every cycle: starts any idle dive clock, and gets a fallen keeper up once a
+    // clock has run more than 20 s.
+    const RightDiv rightDiv(wm);
+    delete rightDiv.getCommand();
+    const LeftDiv leftDiv(wm);
+    delete leftDiv.getCommand();
+    if (wm->isFallen() && name != "standup" && (rightDiv.isFinished() || leftDiv.isFinished())) {
+        RightDiv::setTime(-1.0F);
+        LeftDiv::setTime(-1.0F);
+        Command::setTime(-1.0F);
+        BasicStandUp standUp(*wm, true, false);
+        replaceCommand(standUp.getCommand());
+        name = "standup";
+    }
+}
+
+void GoalKeeperPlan::chooseAfresh() {
+    const float limit = wm->getSide() == 1 ? -kDiveLimit : kDiveLimit;
+    const bool belowLimit = ballX < limit;
+    if (belowLimit && ballY > 0.0F) {
+        dive(false);
+    } else if (belowLimit && ballY < 0.0F) {
+        dive(true);
+    } else if (belowLimit && name == "div" && !diveSide.empty()) {
+        // The ball lies exactly on the middle line: the dive in progress goes on to its side.
+        dive(diveSide == "LeftDiv");
+    } else {
+        // Side-step towards the middle of the goal (y = 0); with the ball exactly on the middle
+        // line and no dive in progress the keeper stays with this.
+        BasicSideWalk sideWalk(*wm, 0.0F, false);
+        replaceCommand(sideWalk.getCommand());
+        name = "sideWalk";
+    }
+}
+
+void GoalKeeperPlan::dive(bool left) {
+    Command* diveCommand = nullptr;
+    if (left) {
+        const LeftDiv leftDiv(wm);
+        diveCommand = leftDiv.getCommand();
+        diveSide = "LeftDiv";
+    } else {
+        const RightDiv rightDiv(wm);
+        diveCommand = rightDiv.getCommand();
+        diveSide = "RightDiv";
+    }
+    diveCommand->setCurrentLastCommand(wm->getSelf()->getLastCommand());
+    diveCommand->setAllCommands();
+    replaceCommand(diveCommand);
+    name = "div";
+}
+
+void GoalKeeperPlan::resetState() {
+    first = true;
+    name.clear();
+    mPoint = math::Point(0.0F, 0.0F, 0.0F);
+    diveSide.clear();
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "math/Point.h"
+#include "plans/AdvancePlan.h"
+
+class Command;
+class WorldModel;
+
+// The attacker (role 3). After one opening style step it walks towards the opponents' side
+// ("dash"), kicks when it stands close behind the ball facing the opponents' half ("kick"), and
+// stands up whenever it has fallen ("standup"). A sub-behaviour that has ended hands over to a
+// fresh walk, with the walking and kicking state reset.
+class OffensePlan : public AdvancePlan {
+public:
+    OffensePlan(std::string name, const WorldModel* wm);
+    ~OffensePlan() override = default;
+    OffensePlan(const OffensePlan&) = delete;
+    OffensePlan& operator=(const OffensePlan&) = delete;
+
+    bool isFinished() override;
+    double successRate() override;
+    void decide() override;
+    // The command chosen by `decide()`; the caller owns it.
+    Command* getCommand() override { return command; }
+
+    // Whether the robot stands close behind the ball facing the opponents' half, by the
+    // thresholds of group "Kick" of "OffenseParameters".
+    static bool isKickPosition(const WorldModel& wm);
+
+    static bool first;          // the opening style step has not been taken yet
+    static std::string name;    // sub-behaviour: empty, "dash", "standup" or "kick"
+    static math::Point mPoint;  // the walking target, rewritten every cycle
+
+    // Restores the start-of-process state of the plan's statics.
+    static void resetState();
+
+private:
+    void replaceCommand(Command* next);
+    void startWalking();
+    void startKick();
+
+    Command* command = nullptr;
+};

@@ -1,0 +1,18 @@
+#include "skills/dash/BasicDash.h"
+
+ConfigSkill BasicDash::configSkill;
+
+BasicDash::BasicDash(bool dropCommand) : BasicAction(dropCommand) {}
+
+bool BasicDash::isFinished() {
+    return true;
+}
+
+bool BasicDash::isCurrentSkillFinished() {
+    return configSkill.isFinished();
+}
+
+void BasicDash::resetState() {
+    configSkill.setCurrentSkillName("@");
+    configSkill.setFinishedSkill(false);
+}

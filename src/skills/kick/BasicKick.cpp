@@ -1,0 +1,48 @@
+#include "skills/kick/BasicKick.h"
+
+#include "commands/Command.h"
+#include "worldmodel/WorldModel.h"
+
+std::string BasicKick::kickSide;
+ConfigSkill BasicKick::configSkill;
+
+BasicKick::BasicKick(const WorldModel& wm, bool dropCommand) : BasicAction(dropCommand) {
+    setSuccessRate(0.0F);
+    kickSide = "LeftKick";
+    if (configSkill.isFinished()) {
+        if (configSkill.getCurrentSkillName() == "Stop") {
+            setSuccessRate(100.0F);
+            play(configSkill.getCurrentSkillName(), wm);
+        } else {
+            configSkill.setCurrentConfigStepNumber(0);
+            play("Stop", wm);
+        }
+    } else if (configSkill.getCurrentSkillName() == "@") {
+        configSkill.setCurrentConfigStepNumber(0);
+        play(kickSide, wm);
+    } else {
+        play(configSkill.getCurrentSkillName(), wm);
+    }
+    if (isDropCommand()) {
+        delete command;
+        command = nullptr;
+    }
+}
+
+bool BasicKick::isFinished() {
+    return getSuccessRate() == 100.0F;
+}
+
+bool BasicKick::isCurrentSkillFinished() {
+    return configSkill.isFinished();
+}
+
+void BasicKick::play(const std::string& name, const WorldModel& wm) {
+    command = new Command(configSkill.getConfigCommandSkill(name, &wm));
+}
+
+void BasicKick::resetState() {
+    kickSide.clear();
+    configSkill.setCurrentSkillName("@");
+    configSkill.setFinishedSkill(false);
+}

@@ -1,0 +1,37 @@
+#include "skills/sidewalk/BasicSideWalk.h"
+
+#include <iostream>
+
+#include "commands/Command.h"
+#include "worldmodel/WorldModel.h"
+
+ConfigSkill BasicSideWalk::configSkill;
+std::string BasicSideWalk::sideWalkSide;
+bool BasicSideWalk::firstFinished = false;
+
+BasicSideWalk::BasicSideWalk(const WorldModel& wm, float y, bool dropCommand)
+    : BasicAction(dropCommand) {
+    setSuccessRate(0.0F);
+    const float selfY = wm.getSelf()->getPosition().getY();
+    std::cout << "SideWalk target y: " << y << " self y: " << selfY << std::endl;
+    if (!firstFinished || configSkill.isFinished()) {
+        sideWalkSide = selfY > y ? "RightSideWalk" : "LeftSideWalk";
+        firstFinished = true;
+    }
+    command = new Command(configSkill.getConfigCommandSkill(sideWalkSide, &wm));
+}
+
+bool BasicSideWalk::isFinished() {
+    return getSuccessRate() == 100.0F;
+}
+
+bool BasicSideWalk::isCurrentSkillFinished() {
+    return configSkill.isFinished();
+}
+
+void BasicSideWalk::resetState() {
+    configSkill.setCurrentSkillName("@");
+    configSkill.setFinishedSkill(false);
+    sideWalkSide.clear();
+    firstFinished = false;
+}

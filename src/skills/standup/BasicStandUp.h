@@ -1,0 +1,29 @@
+#pragma once
+
+#include "skills/BasicAction.h"
+#include "skills/ConfigSkill.h"
+
+class Command;
+class WorldModel;
+
+// Gets a fallen robot back on its feet: "FrontStandUp" or "BackStandUp" (chosen from the left
+// foot's pressure contact point), then "Stop"; it reports success once "Stop" has run out.
+class BasicStandUp : public BasicAction {
+public:
+    // `start` true begins a new stand-up; false continues the one in progress.
+    BasicStandUp(const WorldModel& wm, bool start, bool dropCommand);
+    ~BasicStandUp() override = default;
+
+    Command* getCommand() override { return command; }
+    bool isFinished() override;
+
+    static ConfigSkill& getConfigSkill() { return configSkill; }
+
+    // Restores the start-of-process state: nothing loaded.
+    static void resetState();
+
+private:
+    Command* command = nullptr;
+
+    static ConfigSkill configSkill;
+};

@@ -1,0 +1,165 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "PlanFixture.h"
+#include "plans/OffensePlan.h"
+#include "skills/dash/BasicDash.h"
+#include "skills/dash/DashNormalGotoPoint.h"
+#include "skills/kick/BasicKick.h"
+#include "skills/standup/BasicStandUp.h"
+#include "skills/style/BasicStyle.h"
+
+namespace {
+
+using motiontest::marker;
+
+class OffensePlanTest : public plantest::PlanFixture {
+protected:
+    void SetUp() override {
+        PlanFixture::SetUp();
+        scene.side = 1;
+        scene.x = -2.0F;
+        scene.y = 0.0F;
+        scene.ballX = 5.0F;
+        scene.ballY = 3.0F;
+    }
+
+    std::unique_ptr<Command> attack(bool track = true) {
+        return cycle<OffensePlan>("Offense", track);
+    }
+
+    static bool isWalkMarker(float m) {
+        for (unsigned int s = 0; s < motiontest::stepCount("Walk"); ++s) {
+            if (m == marker("Walk", s)) {
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+TEST_F(OffensePlanTest, FirstCycleIsOneStyleStepThenTheDashBegins) {
+    attack();
+    EXPECT_FALSE(OffensePlan::first);
+    EXPECT_EQ(OffensePlan::name, "");
+    EXPECT_EQ(lastMarker, marker("Style", 0));
+    EXPECT_FALSE(DashNormalGotoPoint::isFirstFinished());
+
+    attack(false);
+    EXPECT_EQ(OffensePlan::name, "dash");
+    EXPECT_EQ(OffensePlan::mPoint, math::Point(100.0F, 0.0F, 0.0F));
+    EXPECT_EQ(BasicDash::getConfigSkill().getCurrentSkillName(), "Walk");
+    EXPECT_EQ(lastMarker, marker("Walk", 0));
+}
+
+TEST_F(OffensePlanTest, OnTheRightSideTheTargetIsMinusOneHundred) {
+    scene.side = 2;
+    scene.x = 2.0F;
+    scene.heading = 180.0F;
+    attack();
+    attack();
+    EXPECT_EQ(OffensePlan::mPoint, math::Point(-100.0F, 0.0F, 0.0F));
+    EXPECT_EQ(OffensePlan::name, "dash");
+}
+
+TEST_F(OffensePlanTest, FallWhileDashingStartsOneStandUp) {
+    attack();
+    attack();
+    attack();
+    scene.fallen = true;
+    scene.leftContactY = 0.02F;
+    attack(false);
+    EXPECT_EQ(OffensePlan::name, "standup");
+    EXPECT_EQ(Command::time, -1.0F);
+    EXPECT_EQ(BasicStandUp::getConfigSkill().getCurrentSkillName(), "FrontStandUp");
+    EXPECT_EQ(lastMarker, marker("FrontStandUp", 0));
+
+    // Still fallen: the stand-up continues (tested, then continued: two steps in one cycle).
+    attack();
+    EXPECT_EQ(OffensePlan::name, "standup");
+    EXPECT_EQ(BasicStandUp::getConfigSkill().getCurrentSkillName(), "FrontStandUp");
+    EXPECT_EQ(lastMarker, marker("FrontStandUp", 1));
+}
+
+TEST_F(OffensePlanTest, FinishedStandUpResetsDashAndKickAndWalks) {
+    attack();
+    attack();
+    scene.fallen = true;
+    attack();
+    ASSERT_EQ(OffensePlan::name, "standup");
+    scene.fallen = false;
+    // A kick left half-way, to see the reset.
+    BasicKick::getConfigSkill().setCurrentSkillName("LeftKick");
+    BasicKick::getConfigSkill().setFinishedSkill(true);
+    DashNormalGotoPoint::setActionBoolean(true);
+    int cycles = 0;
+    while (OffensePlan::name == "standup" && cycles < 20) {
+        attack();
+        ++cycles;
+    }
+    ASSERT_EQ(OffensePlan::name, "dash");
+    EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "@");
+    EXPECT_FALSE(BasicKick::getConfigSkill().isFinished());
+    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
+    EXPECT_TRUE(isWalkMarker(lastMarker)) << lastMarker;
+}
+
+TEST_F(OffensePlanTest, KicksWhenCloseBehindTheBallFacingTheOpponents) {
+    attack();
+    attack();
+    // The kick player was left finished by an earlier kick: a complete reset still kicks.
+    BasicKick::getConfigSkill().setCurrentSkillName("Stop");
+    BasicKick::getConfigSkill().setFinishedSkill(true);
+    scene.ballX = scene.x + 0.2F;
+    scene.ballY = 0.05F;
+    attack(false);
+    EXPECT_EQ(OffensePlan::name, "kick");
+    EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "LeftKick");
+    EXPECT_EQ(lastMarker, marker("LeftKick", 0));
+
+    // The kick runs to its end (its "Stop" included), then the attacker walks again.
+    int cycles = 0;
+    while (OffensePlan::name == "kick" && cycles < 20) {
+        scene.ballX = 5.0F;  // the ball has gone
+        attack();
+        ++cycles;
+    }
+    EXPECT_EQ(OffensePlan::name, "dash");
+    EXPECT_GT(cycles, 2);
+    EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "@");
+}
+
+TEST_F(OffensePlanTest, NoKickFromBesideOrInFrontOfTheBallOrFacingAway) {
+    attack();
+    struct Case {
+        float ballDx;
+        float ballDy;
+        float heading;
+    };
+    for (const Case c : {Case{0.5F, 0.0F, 0.0F},      // too far
+                         Case{-0.2F, 0.0F, 0.0F},     // the ball is behind the robot
+                         Case{0.1F, 0.25F, 0.0F},     // beside the ball
+                         Case{0.2F, 0.0F, 90.0F}}) {  // facing the touch line
+        scene.ballX = scene.x + c.ballDx;
+        scene.ballY = scene.y + c.ballDy;
+        scene.heading = c.heading;
+        attack();
+        EXPECT_EQ(OffensePlan::name, "dash") << c.ballDx << " " << c.ballDy << " " << c.heading;
+    }
+}
+
+TEST_F(OffensePlanTest, KickPositionUsesTheAttackDirectionOfTheSide) {
+    scene.side = 2;
+    scene.x = 2.0F;
+    scene.heading = 180.0F;
+    scene.ballX = 1.8F;
+    scene.ballY = 0.0F;
+    perceive();
+    EXPECT_TRUE(OffensePlan::isKickPosition(wm));
+    scene.ballX = 2.2F;
+    perceive();
+    EXPECT_FALSE(OffensePlan::isKickPosition(wm));
+}
+
+}  // namespace

@@ -1,0 +1,238 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "math/Point.h"
+#include "math/Vector3.h"
+#include "skills/dash/BasicDash.h"
+#include "skills/dash/DashNormalGotoPoint.h"
+#include "skills/turn/BasicTurn.h"
+#include "support/MotionFixture.h"
+
+namespace {
+
+using motiontest::marker;
+
+class DashTest : public motiontest::MotionFixture {
+protected:
+    void SetUp() override {
+        MotionFixture::SetUp();
+        place(0.0F, 0.0F, 0.0F);
+    }
+
+    // Puts the robot at (x, y) with the given body direction (degrees).
+    void place(float x, float y, float heading) {
+        wm.setSelf()->setPosition(math::Vector3<float>(x, y, 0.0F));
+        wm.setSelf()->setBodyDirection(heading);
+    }
+
+    struct DashCycle {
+        float marker;
+        std::string skill;  // the walking player's current skill
+        bool finished;      // the dash reports success
+    };
+
+    DashCycle dash(const math::Point& target, bool track = true) {
+        perceive(track);
+        DashNormalGotoPoint d(target, wm, false);
+        auto command = take(d.getCommand());
+        EXPECT_NE(command, nullptr);
+        return {lastMarker, BasicDash::getConfigSkill().getCurrentSkillName(), d.isFinished()};
+    }
+
+    // Cycles towards `target` until the walking player reports its skill finished.
+    void runUntilSkillEnds(const math::Point& target, int limit = 10) {
+        for (int i = 0; i < limit; ++i) {
+            dash(target);
+            if (BasicDash::getConfigSkill().isFinished()) {
+                return;
+            }
+        }
+        ADD_FAILURE() << "the walking skill did not end";
+    }
+
+    static math::Point ahead(float distance) { return {distance, 0.0F, 0.0F}; }
+    static math::Point atAngle(float distance, float degrees) {
+        const double r = static_cast<double>(degrees) * 3.141592653589793 / 180.0;
+        return {distance * static_cast<float>(std::cos(r)),
+                distance * static_cast<float>(std::sin(r)), 0.0F};
+    }
+};
+
+TEST_F(DashTest, GeometryOfTheTarget) {
+    perceive();
+    auto g = DashNormalGotoPoint::computeGeometry(ahead(3.0F), wm);
+    EXPECT_FLOAT_EQ(g.distance, 3.0F);
+    EXPECT_NEAR(g.angle, 0.0F, 1e-4F);
+    EXPECT_EQ(g.minTurnAngle, 15.0F);
+    g = DashNormalGotoPoint::computeGeometry(atAngle(2.0F, 45.0F), wm);
+    EXPECT_NEAR(g.angle, 45.0F, 1e-3F);
+    EXPECT_NEAR(g.lateral, 1.41421F, 1e-4F);
+    EXPECT_EQ(g.minTurnAngle, 10.0F);
+    g = DashNormalGotoPoint::computeGeometry(atAngle(10.0F, -25.0F), wm);
+    EXPECT_NEAR(g.angle, -25.0F, 1e-3F);
+    EXPECT_EQ(g.minTurnAngle, 30.0F);
+    g = DashNormalGotoPoint::computeGeometry(atAngle(3.0F, 170.0F), wm);
+    EXPECT_NEAR(g.angle, 170.0F, 1e-3F);
+    EXPECT_EQ(g.lateral, 100.0F);
+    g = DashNormalGotoPoint::computeGeometry(ahead(5.0F), wm);
+    EXPECT_EQ(g.minTurnAngle, 30.0F);
+    g = DashNormalGotoPoint::computeGeometry(ahead(2.5F), wm);
+    EXPECT_EQ(g.minTurnAngle, 15.0F);
+
+    // Facing +y, a target on +y lies straight ahead.
+    place(0.0F, 0.0F, 90.0F);
+    g = DashNormalGotoPoint::computeGeometry(math::Point(0.0F, 3.0F, 0.0F), wm);
+    EXPECT_NEAR(g.angle, 0.0F, 1e-3F);
+}
+
+TEST_F(DashTest, ServerSixTakesTheHeadingFromThePolarPosition) {
+    perceive();
+    // Body direction 0, but the polar position says -90 degrees (as radians).
+    wm.setSelf()->setPolarPosition(math::Vector3<float>(-1.5707964F, 0.0F, 0.0F));
+    const math::Point target(0.0F, 3.0F, 0.0F);
+    EXPECT_NEAR(DashNormalGotoPoint::computeGeometry(target, wm).angle, 90.0F, 1e-3F);
+    motiontest::setServerVersion("6.0.0");
+    EXPECT_NEAR(DashNormalGotoPoint::computeGeometry(target, wm).angle, 0.0F, 1e-3F);
+}
+
+TEST_F(DashTest, FirstDecisionWalksOrStopsButNeverTurns) {
+    const DashCycle c = dash(atAngle(3.0F, 170.0F));
+    EXPECT_EQ(c.skill, "Walk");
+    EXPECT_EQ(c.marker, marker("Walk", 0));
+    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
+    EXPECT_TRUE(DashNormalGotoPoint::isFirstFinished());
+    EXPECT_EQ(DashNormalGotoPoint::getWalkSkillType(), "Walk");
+}
+
+TEST_F(DashTest, FirstDecisionNearTheTarget) {
+    EXPECT_EQ(dash(ahead(0.4F)).skill, "ShortWalk");
+    motiontest::resetSkillState();
+    EXPECT_EQ(dash(ahead(0.2F)).skill, "Stop");
+}
+
+TEST_F(DashTest, WalkIsContinuedUntilItEnds) {
+    const math::Point target = ahead(3.0F);
+    EXPECT_EQ(dash(target).marker, marker("Walk", 0));
+    EXPECT_EQ(dash(target).marker, marker("Walk", 1));
+    EXPECT_EQ(dash(target).marker, marker("Walk", 2));
+    EXPECT_EQ(dash(target, false).marker, marker("Walk", 2));  // not reached: held
+    EXPECT_FALSE(DashNormalGotoPoint::isFinishedBoolean());
+}
+
+TEST_F(DashTest, WalkOnResumesTheGaitAtItsLoopStep) {
+    const math::Point target = atAngle(10.0F, 25.0F);  // 25 < 30: no turn
+    runUntilSkillEnds(target);
+    const DashCycle c = dash(target, false);
+    EXPECT_TRUE(DashNormalGotoPoint::isFinishedBoolean());
+    EXPECT_EQ(c.skill, "Walk");
+    EXPECT_EQ(c.marker, marker("Walk", motiontest::loopStep("Walk")));
+    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
+}
+
+TEST_F(DashTest, ArrivalStopsThenSucceeds) {
+    runUntilSkillEnds(ahead(3.0F));
+    // The target is now 0.2 m away and the walk has ended.
+    const math::Point near = ahead(0.2F);
+    DashCycle c = dash(near, false);
+    EXPECT_EQ(c.skill, "Stop");
+    EXPECT_EQ(c.marker, marker("Stop", 0));
+    EXPECT_FALSE(c.finished);
+    runUntilSkillEnds(near);
+    c = dash(near);
+    EXPECT_TRUE(c.finished);
+    EXPECT_EQ(c.skill, "Stop");
+}
+
+TEST_F(DashTest, DistanceThresholdsAreStrict) {
+    runUntilSkillEnds(ahead(3.0F));
+    // Exactly 0.3 m is not arrived (short walk); exactly 0.5 m walks with "Walk".
+    EXPECT_EQ(dash(ahead(0.3F), false).skill, "ShortWalk");
+    runUntilSkillEnds(ahead(0.5F));
+    EXPECT_EQ(dash(ahead(0.5F), false).skill, "Walk");
+    EXPECT_EQ(DashNormalGotoPoint::getWalkSkillType(), "Walk");
+}
+
+TEST_F(DashTest, OffTheLineAWalkIsStoppedBeforeTheTurn) {
+    runUntilSkillEnds(ahead(3.0F));
+    const math::Point target = atAngle(2.0F, 45.0F);
+    DashCycle c = dash(target, false);
+    EXPECT_EQ(c.skill, "Stop");
+    EXPECT_EQ(c.marker, marker("Stop", 0));
+    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
+    runUntilSkillEnds(target);
+    // The stop has ended: a turn of 40 degrees (clamped from 45) to the left begins.
+    c = dash(target, false);
+    EXPECT_TRUE(DashNormalGotoPoint::isActionBoolean());
+    EXPECT_EQ(DashNormalGotoPoint::getDeltaAlpha(), 40.0F);
+    EXPECT_EQ(BasicTurn::getConfigSkill().getCurrentSkillName(), "TurnLeft40");
+    EXPECT_EQ(BasicTurn::getDoAngle(), -40.0F);
+    EXPECT_EQ(c.marker, marker("TurnLeft40", 0));
+}
+
+TEST_F(DashTest, TurnNeedsBothTheAngleAndTheLateralOffset) {
+    runUntilSkillEnds(ahead(3.0F));
+    // 2 m away the smallest turn is 10 degrees: 9.5 walks on, 10.5 stops the walk for a turn.
+    EXPECT_EQ(dash(atAngle(2.0F, 9.5F), false).skill, "Walk");
+    runUntilSkillEnds(atAngle(2.0F, 9.5F));
+    EXPECT_EQ(dash(atAngle(2.0F, 10.5F), false).skill, "Stop");
+    runUntilSkillEnds(atAngle(2.0F, 10.5F));
+    // 1 m away at 11 degrees the target is only 0.19 m off the line: no turn, walk on.
+    dash(atAngle(1.0F, 11.0F), false);
+    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
+    EXPECT_EQ(BasicDash::getConfigSkill().getCurrentSkillName(), "Walk");
+}
+
+TEST_F(DashTest, TargetBehindTurnsAtMostFortyDegrees) {
+    runUntilSkillEnds(ahead(3.0F));
+    const math::Point behind = atAngle(3.0F, -170.0F);
+    dash(behind, false);  // the walk is stopped first
+    runUntilSkillEnds(behind);
+    dash(behind, false);
+    EXPECT_TRUE(DashNormalGotoPoint::isActionBoolean());
+    EXPECT_EQ(DashNormalGotoPoint::getDeltaAlpha(), -40.0F);
+    EXPECT_EQ(BasicTurn::getConfigSkill().getCurrentSkillName(), "TurnRight40");
+}
+
+TEST_F(DashTest, TurnRunsToItsEndThenWalkResumes) {
+    runUntilSkillEnds(ahead(3.0F));
+    const math::Point target = atAngle(2.0F, 45.0F);
+    dash(target, false);
+    runUntilSkillEnds(target);
+    dash(target, false);  // the turn starts
+    ASSERT_TRUE(DashNormalGotoPoint::isActionBoolean());
+    // While the turn lasts it is rebuilt with the same remembered angle.
+    for (int i = 0; i < 30 && !DashNormalGotoPoint::getTurnAngle().isFinished(); ++i) {
+        dash(target);
+        EXPECT_EQ(BasicTurn::getDoAngle(), -40.0F);
+    }
+    ASSERT_TRUE(DashNormalGotoPoint::getTurnAngle().isFinished());
+    // The robot now faces the target: the turn player is reset and the walk starts at step 0.
+    place(0.0F, 0.0F, 45.0F);
+    const DashCycle c = dash(target, false);
+    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
+    EXPECT_NEAR(DashNormalGotoPoint::getDeltaAlpha(), 0.0F, 0.05F);
+    EXPECT_EQ(BasicTurn::getConfigSkill().getCurrentSkillName(), "@");
+    EXPECT_EQ(BasicTurn::getDoAngle(), 0.0F);
+    EXPECT_EQ(c.skill, "Walk");
+    EXPECT_EQ(c.marker, marker("Walk", 0));
+}
+
+TEST_F(DashTest, DroppedCommandAdvancesTheSameState) {
+    perceive();
+    DashNormalGotoPoint dropped(ahead(3.0F), wm, true);
+    EXPECT_EQ(dropped.getCommand(), nullptr);
+    EXPECT_TRUE(DashNormalGotoPoint::isFirstFinished());
+    EXPECT_EQ(BasicDash::getConfigSkill().getCurrentSkillName(), "Walk");
+}
+
+TEST_F(DashTest, ChoosingConstructorChoosesNothing) {
+    perceive();
+    DashNormalGotoPoint idle(ahead(3.0F), 0.0F, wm, 0.0F, false);
+    EXPECT_EQ(idle.getCommand(), nullptr);
+    EXPECT_FALSE(idle.isFinished());
+    EXPECT_FALSE(DashNormalGotoPoint::isFirstFinished());
+}
+
+}  // namespace

@@ -1,0 +1,309 @@
+#include "MotionWorld.h"  // same folder: the support library itself has no include path to tests/
+
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+#include "commands/Command.h"
+#include "skills/ConfigReader.h"
+#include "skills/ConfigSkill.h"
+#include "skills/dash/BasicDash.h"
+#include "skills/dash/DashNormalGotoBall.h"
+#include "skills/dash/DashNormalGotoPoint.h"
+#include "skills/dive/LeftDiv.h"
+#include "skills/dive/RightDiv.h"
+#include "skills/kick/BasicKick.h"
+#include "skills/sidewalk/BasicSideWalk.h"
+#include "skills/standup/BasicStandUp.h"
+#include "skills/style/BasicStyle.h"
+#include "skills/turn/BasicTurn.h"
+#include "utilities/config/Config.h"
+#include "worldmodel/Self.h"
+
+namespace motiontest {
+
+namespace {
+
+struct TestSkill {
+    std::string name;
+    float base;          // marker of step s is base + s + 1
+    unsigned int steps;  // StepCount
+    unsigned int loop;   // LoopStepNumber, counting from 1
+};
+
+// Joint speed written for every joint: larger than any marker difference, so a joint far from
+// its target moves by half the remaining error per cycle.
+constexpr float kSpeed = 250.0F;
+
+// Field of the current server (metres).
+constexpr float kFieldLength = 30.0F;
+constexpr float kFieldWidth = 20.0F;
+constexpr float kGoalWidth = 2.1F;
+
+// "Stop" is one held pose, as a standing posture is: a robot that holds it finishes it on
+// every call.
+const std::vector<TestSkill>& skills() {
+    static const std::vector<TestSkill> list = [] {
+        std::vector<TestSkill> s = {
+            {"Walk", 10.0F, 3, 2},         {"ShortWalk", 20.0F, 2, 1},
+            {"Stop", 30.0F, 1, 1},         {"LeftKick", 40.0F, 3, 1},
+            {"LeftSideWalk", 50.0F, 2, 1}, {"RightSideWalk", 60.0F, 2, 1},
+            {"Style", 70.0F, 2, 1},        {"FrontStandUp", 80.0F, 2, 1},
+            {"BackStandUp", 90.0F, 2, 1},
+        };
+        const char* sizes[] = {"40", "30", "25", "15", "10", "5"};
+        float base = 100.0F;
+        for (const char* side : {"TurnLeft", "TurnRight"}) {
+            for (const char* size : sizes) {
+                s.push_back({std::string(side) + size, base, 2, 2});
+                base += 10.0F;
+            }
+        }
+        return s;
+    }();
+    return list;
+}
+
+const TestSkill& find(const std::string& name) {
+    for (const TestSkill& s : skills()) {
+        if (s.name == name) {
+            return s;
+        }
+    }
+    throw std::invalid_argument("no test skill " + name);
+}
+
+std::string repeat(const std::string& word, int n) {
+    std::string out;
+    for (int i = 0; i < n; ++i) {
+        out += (i == 0 ? "" : " ") + word;
+    }
+    return out;
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& text) {
+    std::ofstream out(path);
+    out << text;
+    if (!out) {
+        throw std::runtime_error("cannot write " + path.string());
+    }
+}
+
+std::string skillFile(const TestSkill& skill) {
+    std::ostringstream out;
+    const std::string speed = std::to_string(static_cast<int>(kSpeed));
+    out << "# test skill " << skill.name << "\n[DefaultSet]\nStepCount = " << skill.steps
+        << "\nLoopStepNumber = " << skill.loop << "\n";
+    for (unsigned int s = 0; s < skill.steps; ++s) {
+        out << "\n[Step" << s + 1 << "]\n"
+            << "leftFootParallerGround = false\nrightFootParallerGround = false\n"
+            << "leftRaise2 = false\nrightRaise2 = false\nprecision = false\n"
+            << "Head::Instance = 0 0\nHead::PInstance = " << repeat(speed, 2) << "\n"
+            << "Arm::Left = " << skill.base + static_cast<float>(s + 1) << " 0 0 0\n"
+            << "Arm::PLeft = " << repeat(speed, 4) << "\n"
+            << "Arm::Right = 0 0 0 0\nArm::PRight = " << repeat(speed, 4) << "\n"
+            << "Leg::Left = " << repeat("0", 6) << "\nLeg::PLeft = " << repeat(speed, 6) << "\n"
+            << "Leg::Right = " << repeat("0", 6) << "\nLeg::PRight = " << repeat(speed, 6) << "\n";
+    }
+    return out.str();
+}
+
+std::filesystem::path& dataDir() {
+    static std::filesystem::path dir;
+    return dir;
+}
+
+void registerConfig(const std::string& name, const std::string& fileName, const std::string& text) {
+    const std::filesystem::path path = dataDir() / fileName;
+    writeFile(path, text);
+    Config config;
+    config.add(name, path.string());
+}
+
+}  // namespace
+
+void installSkillData() {
+    if (dataDir().empty()) {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "korvel-motion-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) {
+            throw std::runtime_error("mkdtemp failed");
+        }
+        dataDir() = pattern;
+        std::filesystem::create_directories(dataDir() / "Data" / "SkillData");
+        std::ostringstream index;
+        index << "[DefultSet]\nSkillDataFileCount = " << skills().size()
+              << "\n[SkillDataFileName]\n";
+        for (std::size_t i = 0; i < skills().size(); ++i) {
+            index << i + 1 << " = " << skills()[i].name << "\n";
+            writeFile(dataDir() / "Data" / "SkillData" / (skills()[i].name + ".conf"),
+                      skillFile(skills()[i]));
+        }
+        writeFile(dataDir() / "index.conf", index.str());
+    }
+    std::filesystem::current_path(dataDir());
+
+    // Registered (again) every time, so that a test that changed a value starts afresh.
+    Config config;
+    config.add("Config_FileAdresses", (dataDir() / "index.conf").string());
+    registerConfig("ServerInitialize", "server.conf",
+                   "[Server]\nOfflinePlaying = true\nVersion = 0.7.4\n"
+                   "[Public]\nUniformNum = 3\n");
+    std::ostringstream field;
+    field << "[Field]\nLength = " << kFieldLength << "\nWidth = " << kFieldWidth
+          << "\nGoalWidth = " << kGoalWidth << "\n[Ball]\nRadius = 0.042\n";
+    registerConfig("WorldModelParameters", "world.conf", field.str());
+    registerConfig("OffenseParameters", "offense.conf",
+                   "[Kick]\nMaxBallDistance = 0.35\nMaxBallBearing = 30\nMaxHeadingError = 45\n");
+    // The skill database is loaded again, from these files, on its next use.
+    ConfigReader::resetState();
+}
+
+void resetSkillState() {
+    ConfigSkill::resetState();
+    BasicDash::resetState();
+    DashNormalGotoPoint::resetState();
+    DashNormalGotoBall::resetState();
+    BasicTurn::resetState();
+    BasicKick::resetState();
+    BasicSideWalk::resetState();
+    BasicStandUp::resetState();
+    BasicStyle::resetState();
+    LeftDiv::resetState();
+    RightDiv::resetState();
+    Command::resetState();
+    Self::resetState();
+}
+
+float markerOf(const Command& command) {
+    return command.getLeftArmCommand().getHingeJointCommand(0).getJointTargetAlphaValue();
+}
+
+void setServerVersion(const std::string& version) {
+    registerConfig("ServerInitialize", "server-version.conf",
+                   "[Server]\nVersion = " + version + "\n");
+}
+
+float marker(const std::string& skill, unsigned int step) {
+    return find(skill).base + static_cast<float>(step + 1);
+}
+
+unsigned int stepCount(const std::string& skill) {
+    return find(skill).steps;
+}
+
+unsigned int loopStep(const std::string& skill) {
+    return find(skill).loop - 1;
+}
+
+float markerVelocity(const std::string& skill, unsigned int step, float current) {
+    const float d = marker(skill, step) - current;
+    return d / 1.1459156F * 0.5F;
+}
+
+namespace {
+
+struct Landmark {
+    const char* name;
+    float x;
+    float y;
+};
+
+// Field positions of the four corner flags.
+std::vector<Landmark> cornerFlags() {
+    const float hx = kFieldLength * 0.5F;
+    const float hy = kFieldWidth * 0.5F;
+    return {{"F1L", -hx, hy}, {"F2L", -hx, -hy}, {"F1R", hx, hy}, {"F2R", hx, -hy}};
+}
+
+constexpr double kDegToRad = 3.141592653589793 / 180.0;
+
+// "(pol d h v)" of a point seen from (x, y) at height 0 by a camera whose heading is `heading`
+// (degrees); the point itself lies `dz` above the camera.
+std::string polar(double dx, double dy, double dz, double heading) {
+    const double c = std::cos(-heading * kDegToRad);
+    const double s = std::sin(-heading * kDegToRad);
+    const double rx = c * dx - s * dy;
+    const double ry = s * dx + c * dy;
+    const double d = std::sqrt(rx * rx + ry * ry + dz * dz);
+    const double h = std::atan2(ry, rx) / kDegToRad;
+    const double v = d > 0.0 ? std::asin(dz / d) / kDegToRad : 0.0;
+    char text[96];
+    std::snprintf(text, sizeof text, "(pol %.6f %.6f %.6f)", d, h, v);
+    return text;
+}
+
+const char* kJointNames[] = {"hj1",  "hj2",  "raj1", "raj2", "raj3", "raj4", "laj1", "laj2",
+                             "laj3", "laj4", "rlj1", "rlj2", "rlj3", "rlj4", "rlj5", "rlj6",
+                             "llj1", "llj2", "llj3", "llj4", "llj5", "llj6"};
+
+}  // namespace
+
+std::string message(const Scene& scene) {
+    std::ostringstream out;
+    char number[48];
+    std::snprintf(number, sizeof number, "%.2f", static_cast<double>(scene.time));
+    out << "(time (now " << number << "))(GS (unum 3) ";
+    if (scene.side != 0) {
+        out << "(team " << (scene.side == 1 ? "left" : "right") << ") ";
+    }
+    out << "(sl 0) (sr 0) (t " << number << ") (pm " << (scene.playOn ? "PlayOn" : "BeforeKickOff")
+        << "))(GYR (n torso) (rt 0.00 0.00 0.00))(ACC (n torso) (a 0.00 0.00 9.81))";
+    const auto angle = [&scene](const char* name) {
+        const auto it = scene.joints.find(name);
+        return it == scene.joints.end() ? 0.0F : it->second;
+    };
+    for (int i = 0; i < 2; ++i) {
+        std::snprintf(number, sizeof number, "%.2f", static_cast<double>(angle(kJointNames[i])));
+        out << "(HJ (n " << kJointNames[i] << ") (ax " << number << "))";
+    }
+    if (scene.vision) {
+        // The head's heading is the body's turned by the head pan joint.
+        const double heading =
+            static_cast<double>(scene.heading) + static_cast<double>(angle("hj1"));
+        out << "(See";
+        if (scene.fallen) {
+            // A robot lying on the ground sees a landmark far above its horizon.
+            out << " (F1L (pol 10.00 0.00 70.00))";
+        } else {
+            for (const Landmark& flag : cornerFlags()) {
+                out << " (" << flag.name << " "
+                    << polar(static_cast<double>(flag.x - scene.x),
+                             static_cast<double>(flag.y - scene.y), 0.0, heading)
+                    << ")";
+            }
+        }
+        if (scene.ballSeen) {
+            // Lying down the robot has no heading from the landmarks: the ball is placed as if
+            // seen with heading 0.
+            out << " (B "
+                << polar(static_cast<double>(scene.ballX - scene.x),
+                         static_cast<double>(scene.ballY - scene.y), 0.0,
+                         scene.fallen ? 0.0 : heading)
+                << ")";
+        }
+        out << ")";
+    }
+    for (int i = 2; i < 22; ++i) {
+        std::snprintf(number, sizeof number, "%.2f", static_cast<double>(angle(kJointNames[i])));
+        out << "(HJ (n " << kJointNames[i] << ") (ax " << number << "))";
+        if (i == 15) {
+            out << "(FRP (n rf) (c 0.00 0.00 -0.01) (f 0.00 0.00 22.50))";
+        }
+    }
+    if (scene.leftFootPressure) {
+        std::snprintf(number, sizeof number, "%.2f", static_cast<double>(scene.leftContactY));
+        out << "(FRP (n lf) (c 0.00 " << number << " -0.01) (f 0.00 0.00 22.50))";
+    }
+    return out.str();
+}
+
+}  // namespace motiontest

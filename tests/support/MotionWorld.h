@@ -1,0 +1,59 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+class Command;
+
+// Scripted worlds for the tests of the motion skills and the plans: small skill files written by
+// the tests, the configuration they read, and perceptor messages in the server's own format with
+// chosen joint angles, foot pressure, landmarks and ball.
+namespace motiontest {
+
+// Writes the test skill files and configuration files into a fresh directory, registers the
+// configurations, makes the directory the working directory and reloads the skill database.
+// Every skill step targets 0 for every joint except the left shoulder (lae1), whose target is
+// the step's marker; speeds are large, so a command's lae1 velocity reveals the step played.
+void installSkillData();
+
+// Restores every class-wide state of the motion skills (players, clocks, turn and walk memory)
+// and the shared wait clock of the commands.
+void resetSkillState();
+
+// Sets the server version the walking skill reads ("ServerInitialize" / "Server" / "Version").
+void setServerVersion(const std::string& version);
+
+// The marker angle (degrees) of step `step` (from 0) of the test skill `skill`.
+float marker(const std::string& skill, unsigned int step);
+// Number of steps and loop step (from 0) of the test skill `skill`.
+unsigned int stepCount(const std::string& skill);
+unsigned int loopStep(const std::string& skill);
+// The lae1 velocity (rad/s) a command of step `step` of `skill` prints while lae1 is at `current`.
+float markerVelocity(const std::string& skill, unsigned int step, float current);
+
+// The target (degrees) of the left shoulder joint lae1 in `command`: the marker of the step the
+// command was taken from.
+float markerOf(const Command& command);
+
+// One perceptor message.
+struct Scene {
+    float time = 10.0F;                   // simulation time, seconds
+    bool playOn = true;                   // false: "BeforeKickOff"
+    int side = 1;                         // 1 left, 2 right, 0: the message names no team
+    std::map<std::string, float> joints;  // perceptor name -> angle (degrees); others are 0
+    bool leftFootPressure = true;         // send an "FRP" for the left foot
+    float leftContactY = 0.01F;           // its contact point's y
+    bool vision = true;                   // send a "See" list
+    float x = 0.0F;                       // robot position on the field, metres
+    float y = 0.0F;
+    float heading = 0.0F;  // body direction, degrees
+    bool ballSeen = true;
+    float ballX = 1.0F;  // ball position, metres
+    float ballY = 0.0F;
+    bool fallen = false;  // landmarks seen as by a robot lying on the ground
+};
+
+// The message text of `scene`, as the server sends it (without the length prefix).
+std::string message(const Scene& scene);
+
+}  // namespace motiontest
