@@ -6,23 +6,20 @@
 #include <limits>
 #include <string>
 
+#include "agent/AgentModel.h"
 #include "utilities/Basics.h"
 #include "utilities/config/Config.h"
 #include "utilities/config/Str.h"
 #include "utilities/logging/LogDevNull.h"
 #include "utilities/logging/LogFile.h"
 #include "utilities/logging/Logger.h"
-#include "utilities/logging/OnlineTimer.h"
+#include "worldmodel/WorldModel.h"
 
 namespace {
 
 const std::string kConfigurationDirectory = "./Data/ConfigurationData/";
 const std::string kIndexName = "Config_FileAdresses";
 const std::string kIndexFile = kConfigurationDirectory + "Config_FileAddresses.conf";
-
-// Stands in for the global world model's timer until the world model exists: constructed with
-// the other process-wide objects, before main, and never restarted.
-OnlineTimer processTimer;
 
 // The count of files to load, truncated toward zero; counts beyond int are clamped (every
 // numbered key must exist anyway, so a huge count stops at the first missing key).
@@ -38,8 +35,15 @@ int fileCount(float count) {
 
 }  // namespace
 
+// The process-wide world model and agent, constructed in this order before main (after the
+// configuration store and the log registry, which are built on first use). The loop updates a
+// world model of its own, so the timer of `wm` is never restarted and stamps the start-up log
+// streams with the milliseconds since the process began.
+WorldModel wm;
+AgentModel am;
+
 const Timer* startupTimer() {
-    return &processTimer;
+    return wm.getTimer();
 }
 
 void ConfigInitializing() {

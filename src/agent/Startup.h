@@ -4,9 +4,13 @@
 
 // Start-up of the player: the configuration files, the command line and the log streams.
 
-// The timer that stamps the log streams opened at start-up. It is started during static
-// construction and never restarted, so its stamps count milliseconds since the process began.
-// The global world model's timer takes its place when the world model lands.
+class WorldModel;
+
+// The global world model; only its timer is used: it stamps the log streams opened at start-up.
+extern WorldModel wm;
+
+// The timer of `wm`. It is started during static construction and never restarted, so its stamps
+// count milliseconds since the process began.
 const Timer* startupTimer();
 
 // Registers and reads the configuration index "./Data/ConfigurationData/Config_FileAddresses.conf"

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "support/CheckDiagnostic.h"
+#include "support/ClosedPort.h"
 #include "support/FileHelpers.h"
 #include "support/ScratchDirectory.h"
 
@@ -85,17 +86,29 @@ protected:
     support::ScratchDirectory dir;
 };
 
+// After start-up the player connects; these runs point it at a port where nothing listens, so
+// the session ends at once with the connection's own lines.
+std::string sessionLines(const support::ClosedPort& closed) {
+    return "Connecting to TCP 127.0.0.1:" + std::to_string(closed.port()) +
+           "\nClosing Connection to 127.0.0.1:" + std::to_string(closed.port()) + "\n";
+}
+
+const char kRefused[] = "Connection failed with: 'Connection refused'\n";
+
 TEST_F(StartupE2ETest, LoadsEveryConfigurationFileAndCreatesTheLogs) {
-    const PlayerRun run = runPlayer(dir.path(), {});
+    const support::ClosedPort closed;
+    const PlayerRun run = runPlayer(dir.path(), {"--port", std::to_string(closed.port())});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.out, allStatusLines());
-    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, allStatusLines() + sessionLines(closed));
+    EXPECT_EQ(run.err, kRefused);
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log"));
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log.offline"));
 }
 
 TEST_F(StartupE2ETest, PlayerPortOptionPrintsTheUsageText) {
-    const PlayerRun run = runPlayer(dir.path(), {"--player-port", "3100"});
+    const support::ClosedPort closed;
+    const PlayerRun run =
+        runPlayer(dir.path(), {"--port", std::to_string(closed.port()), "--player-port", "3100"});
     EXPECT_EQ(run.exitCode, 0);  // start-up goes on after a bad option
     EXPECT_EQ(run.out, allStatusLines() + "Usage : " + kBinary +
                            " [Options]\n"
@@ -109,14 +122,16 @@ TEST_F(StartupE2ETest, PlayerPortOptionPrintsTheUsageText) {
                            "server\n"
                            "  --coach-port portnum      : Set coach port number to connect to "
                            "server\n"
-                           "  --number pnum             : Set player number\n");
-    EXPECT_EQ(run.err, "");
+                           "  --number pnum             : Set player number\n" +
+                           sessionLines(closed));
+    EXPECT_EQ(run.err, kRefused);
 }
 
 TEST_F(StartupE2ETest, OfflineOptionRecordsNothing) {
     const PlayerRun run = runPlayer(dir.path(), {"--offline"});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.out, allStatusLines());
+    // Offline the connection object is only created to be deleted: it never connects.
+    EXPECT_EQ(run.out, allStatusLines() + "Closing Connection to 127.0.0.1:3100\n");
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log"));
     EXPECT_FALSE(fs::exists(dir.path() + "/LogFiles/Korvel-1.log.offline"));
 }

@@ -1,0 +1,198 @@
+// The agent's decisions that need no server: the head sweep, the plan dispatch for roles
+// without a plan, and its signal reactions.
+#include "agent/AgentModel.h"
+
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+
+#include <csignal>
+#include <string>
+#include <vector>
+
+#include "body/Body.h"
+#include "support/FileHelpers.h"
+#include "support/ScratchDirectory.h"
+#include "support/ScriptedServer.h"
+#include "utilities/config/Config.h"
+#include "utilities/logging/LogFile.h"
+#include "utilities/logging/Logger.h"
+#include "utilities/signals/SignalHandler.h"
+#include "worldmodel/WorldModel.h"
+
+namespace {
+
+void setPan(WorldModel& world, float degrees) {
+    Head* head = world.setSelf()->getBody()->getHead();
+    HingeJoint pan = head->getNeckX();
+    pan.setJointAlphaValue(degrees);
+    head->setNeckX(pan);
+}
+
+class AgentModelTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        AgentModel::resetState();
+        SignalHandler::resetState();
+        Logger::resetState();
+        Config::resetState();
+    }
+    void TearDown() override {
+        Config::resetState();
+        SignalHandler::finalSignalHandlers();
+        SignalHandler::resetState();
+        Logger::resetState();
+    }
+};
+
+TEST_F(AgentModelTest, HeadSweepsSevenDegreesACycleAndTurnsBackWhenThePanEntersABand) {
+    AgentModel agent;
+    WorldModel world;
+    EXPECT_EQ(agent.getHeadSpeed(), 0.0F);
+
+    // The head follows its target exactly: it reaches the band [100, 130] at 105 degrees.
+    std::vector<float> targets;
+    float pan = 0.0F;
+    for (int cycle = 0; cycle < 70; ++cycle) {
+        setPan(world, pan);
+        pan = agent.headDecision(&world);
+        targets.push_back(pan);
+    }
+    EXPECT_EQ(agent.getHeadSpeed(), 7.0F);
+    for (int i = 0; i < 16; ++i) {
+        EXPECT_FLOAT_EQ(targets[i], 7.0F * static_cast<float>(i + 1)) << "cycle " << i;
+    }
+    // The pan read 105 in cycle 15 (the 16th call): the target went on to 112 in that call and
+    // comes back from the next one on, until the pan reads -105 in the band [-130, -100].
+    for (int i = 16; i < 48; ++i) {
+        EXPECT_FLOAT_EQ(targets[i], targets[i - 1] - 7.0F) << "cycle " << i;
+    }
+    EXPECT_FLOAT_EQ(targets[47], -112.0F);
+    EXPECT_FLOAT_EQ(targets[48], -105.0F);
+    EXPECT_FLOAT_EQ(targets[49], -98.0F);
+}
+
+TEST_F(AgentModelTest, BandEdgesAreInclusive) {
+    for (float edge : {100.0F, 130.0F}) {
+        AgentModel::resetState();
+        AgentModel agent;
+        WorldModel world;
+        setPan(world, edge);
+        EXPECT_FLOAT_EQ(agent.headDecision(&world), 7.0F);
+        EXPECT_EQ(AgentModel::flag, 0) << "pan " << edge;
+        EXPECT_FLOAT_EQ(agent.headDecision(&world), 0.0F);
+    }
+    AgentModel::resetState();
+    AgentModel agent;
+    WorldModel world;
+    setPan(world, 99.9F);
+    agent.headDecision(&world);
+    EXPECT_EQ(AgentModel::flag, 1);
+    setPan(world, 130.1F);  // jumped across the band: no reversal
+    agent.headDecision(&world);
+    EXPECT_EQ(AgentModel::flag, 1);
+
+    AgentModel::flag = 0;
+    for (float edge : {-100.0F, -130.0F}) {
+        AgentModel::flag = 0;
+        setPan(world, edge);
+        agent.headDecision(&world);
+        EXPECT_EQ(AgentModel::flag, 1) << "pan " << edge;
+    }
+}
+
+TEST_F(AgentModelTest, FallenRobotLooksStraightAheadButTheSweepStillTurns) {
+    // The real session: the robot falls after its joints start flailing.
+    const std::vector<std::string> messages = support::ServerScript::readMessages(
+        std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
+    const std::string data = std::string(KORVEL_SOURCE_DIR) + "/Data/ConfigurationData/";
+    for (const char* name : {"ServerInitialize", "WorldModelParameters"}) {
+        config.add(name, data + name + ".conf");
+    }
+    WorldModel world;
+    size_t i = 0;
+    while (i < messages.size() && !world.isFallen()) {
+        world.update(messages[i++]);
+    }
+    ASSERT_TRUE(world.isFallen()) << "the recording never shows a fall";
+
+    AgentModel agent;
+    AgentModel::headValue = 42.0F;
+    setPan(world, 110.0F);
+    EXPECT_EQ(agent.headDecision(&world), 0.0F);
+    EXPECT_EQ(AgentModel::flag, 0);
+    EXPECT_EQ(agent.headDecision(&world), 0.0F);
+}
+
+TEST_F(AgentModelTest, RolesWithoutAPlanGiveNoCommand) {
+    AgentModel agent;
+    WorldModel world;
+    EXPECT_EQ(agent.planAct(0, &world), nullptr);
+    EXPECT_EQ(agent.planAct(4, &world), nullptr);
+    EXPECT_EQ(agent.planAct(-1, &world), nullptr);
+}
+
+TEST_F(AgentModelTest, AsksForInterruptKillQuitFaultAndTerminate) {
+    AgentModel agent;
+    EXPECT_EQ(agent.signalsMask(), 122);
+}
+
+// A "Main" stream without stamps in a temporary file, so lines can be compared byte for byte.
+class AgentSignalDeathTest : public AgentModelTest {
+protected:
+    void openMain() {
+        logger.add("Main", new LogFile((dir.path() + "/" + "main.log"), nullptr), false);
+    }
+    [[nodiscard]] std::string mainLog() const {
+        return support::readFile((dir.path() + "/" + "main.log"));
+    }
+    support::ScratchDirectory dir;
+};
+
+TEST_F(AgentSignalDeathTest, TerminationSignalsLogTheirLineAndExitWithStatusOne) {
+    const std::vector<std::pair<int, std::string>> cases = {
+        {SIGTERM, "DECISON: SIGNAL: Terminated!\n"},
+        {SIGINT, "DECISON: SIGNAL: Interrupted!\n"},
+        {SIGQUIT, "DECISON: SIGNAL: Quited!\n"}};
+    for (const auto& [signal, line] : cases) {
+        EXPECT_EXIT(
+            {
+                openMain();
+                AgentModel agent;
+                agent.initialize();
+                std::raise(signal);
+                SignalHandler::dispatchPending();
+            },
+            ::testing::ExitedWithCode(1), "");
+        EXPECT_EQ(mainLog(), line);
+    }
+    EXPECT_EXIT(
+        {
+            openMain();
+            AgentModel().sigKillHandler();
+        },
+        ::testing::ExitedWithCode(1), "");
+    EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Killed!\n");
+}
+
+TEST_F(AgentSignalDeathTest, AMemoryFaultLogsAndExitsWithStatusFive) {
+    EXPECT_EXIT(
+        {
+            openMain();
+            AgentModel agent;
+            agent.initialize();
+            void* page = mmap(nullptr, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+            *static_cast<volatile int*>(page) = 1;
+        },
+        ::testing::ExitedWithCode(5), "");
+    EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Segmentation Violation!\n");
+}
+
+TEST_F(AgentSignalDeathTest, AlarmLogsTwoLinesAndKeepsRunning) {
+    openMain();
+    AgentModel agent;
+    EXPECT_TRUE(agent.sigAlrmHandler());
+    Logger::resetState();  // closes the file
+    EXPECT_EQ(mainLog(), "This is very good.\nDECISON: SIGNAL: Alarm!\n");
+}
+
+}  // namespace
