@@ -30,17 +30,19 @@ protected:
     }
 
     // Runs setByArguments on ./korvel followed by `arguments`; keeps what it printed.
-    bool run(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), "./korvel");
+    bool run(const std::vector<std::string>& arguments) {
+        std::string program = "./korvel";
+        std::vector<std::string> words = arguments;
         std::vector<char*> argv;
-        argv.reserve(arguments.size() + 1);
-        for (std::string& argument : arguments) {
-            argv.push_back(argument.data());
+        argv.reserve(words.size() + 2);
+        argv.push_back(program.data());
+        for (std::string& word : words) {
+            argv.push_back(word.data());
         }
         argv.push_back(nullptr);
         ::testing::internal::CaptureStdout();
         const bool result =
-            server.setByArguments(static_cast<int>(arguments.size()), argv.data(), logger);
+            server.setByArguments(static_cast<int>(argv.size() - 1), argv.data(), logger);
         printed = ::testing::internal::GetCapturedStdout();
         return result;
     }
