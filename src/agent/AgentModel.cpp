@@ -248,7 +248,9 @@ void AgentModel::beam(const std::string& roleFile) {
         const std::string r = position[2].b_value(std::string());
         Debugger::logg("Main") << "PLAYERnAME: " << x << std::endl;
         Connection::instance()->getMessage(message);
-        Connection::instance()->sendMessage("(beam " + x + " " + y + " " + r + ")");
+        std::string text = "(beam ";
+        text.append(x).append(" ").append(y).append(" ").append(r).append(")");
+        Connection::instance()->sendMessage(text);
     }
 }
 

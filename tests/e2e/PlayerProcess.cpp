@@ -43,7 +43,8 @@ void PlayerProcess::setConfigValue(const std::string& dir, const std::string& co
         } else if (!done && currentGroup == group && first != std::string::npos) {
             const auto end = line.find_first_of(" \t=", first);
             if (line.substr(first, end - first) == key) {
-                line = key + " = " + value;
+                line = key;
+                line.append(" = ").append(value);
                 done = true;
             }
         }
@@ -61,6 +62,7 @@ PlayerProcess::PlayerProcess(const std::string& dir, const std::vector<std::stri
     std::vector<std::string> words{binary};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (std::string& word : words) {
         argv.push_back(word.data());
     }

@@ -35,7 +35,7 @@ std::string findOnPath(const std::string& program) {
     std::stringstream dirs(path != nullptr ? path : "");
     std::string dir;
     while (std::getline(dirs, dir, ':')) {
-        const std::string candidate = (dir.empty() ? "." : dir) + "/" + program;
+        std::string candidate = (dir.empty() ? "." : dir) + "/" + program;
         if (access(candidate.c_str(), X_OK) == 0) {
             return candidate;
         }

@@ -15,7 +15,6 @@
 
 using support::Millis;
 using support::ScriptedServer;
-using support::ServerScript;
 
 namespace {
 

@@ -57,8 +57,8 @@ TEST_F(SessionTest, SessionStartSilenceBeforeKickOffThenOneEffectorFramePerMessa
         script.sendFrame(messages[i]).sleep(Millis(20));
     }
     // After kick-off: exactly one answer per message.
-    constexpr int kActing = 20;
-    for (int i = kFirstPlayOn; i < kFirstPlayOn + kActing; ++i) {
+    constexpr size_t kActing = 20;
+    for (size_t i = kFirstPlayOn; i < kFirstPlayOn + kActing; ++i) {
         script.sendFrame(messages[i]).expectFrame().sleep(Millis(5));
     }
     script.close();
@@ -77,7 +77,7 @@ TEST_F(SessionTest, SessionStartSilenceBeforeKickOffThenOneEffectorFramePerMessa
         EXPECT_EQ(events[i].kind, expected[i].kind) << "event " << i << "\n" << describe(events);
         EXPECT_EQ(events[i].data, expected[i].data) << "event " << i;
     }
-    for (int turn = 0; turn < kActing; ++turn) {
+    for (size_t turn = 0; turn < kActing; ++turn) {
         const auto& sent = events[expected.size() + 2 * turn];
         const auto& answer = events[expected.size() + 2 * turn + 1];
         EXPECT_EQ(sent.kind, Kind::Sent) << "turn " << turn;
@@ -98,7 +98,7 @@ TEST_F(SessionTest, SessionStartSilenceBeforeKickOffThenOneEffectorFramePerMessa
     // per cycle) towards 7 degrees; later turns at 7 degrees per cycle. The tilt always goes to
     // -20 degrees at 7 degrees per cycle. The head stands at 0, so both run at full speed. A
     // frame of a held key frame stops every joint, the head included.
-    for (int turn = 0; turn < kActing; ++turn) {
+    for (size_t turn = 0; turn < kActing; ++turn) {
         const std::string& text = events[expected.size() + 2 * turn + 1].data;
         if (text == kAllStopped) {
             continue;
@@ -111,8 +111,8 @@ TEST_F(SessionTest, SessionStartSilenceBeforeKickOffThenOneEffectorFramePerMessa
     // Every frame sent is also logged, in order.
     const std::vector<std::string> logged =
         linesFrom(player.logLines("Korvel-1.log"), "Message : : : ");
-    ASSERT_EQ(logged.size(), static_cast<size_t>(kActing));
-    for (int turn = 0; turn < kActing; ++turn) {
+    ASSERT_EQ(logged.size(), kActing);
+    for (size_t turn = 0; turn < kActing; ++turn) {
         EXPECT_EQ(logged[turn], "Message : : : " + events[expected.size() + 2 * turn + 1].data);
     }
 }
@@ -129,8 +129,8 @@ TEST_F(SessionTest, MalformedMessageInTheMiddleIsSurvived) {
         .sleep(Millis(300));
     script.sendFrame("#!garbage!#").sleep(Millis(300));
     script.sendFrame("(XYZ (q 1))").sleep(Millis(300));
-    constexpr int kAfter = 5;
-    for (int i = kFirstPlayOn + 5; i < kFirstPlayOn + 5 + kAfter; ++i) {
+    constexpr size_t kAfter = 5;
+    for (size_t i = kFirstPlayOn + 5; i < kFirstPlayOn + 5 + kAfter; ++i) {
         script.sendFrame(messages[i]).expectFrame().sleep(Millis(5));
     }
     script.close();
@@ -148,7 +148,7 @@ TEST_F(SessionTest, MalformedMessageInTheMiddleIsSurvived) {
         }
     }
     ASSERT_GT(lastValid, 0u) << describe(events);
-    for (int turn = 0; turn < kAfter; ++turn) {
+    for (size_t turn = 0; turn < kAfter; ++turn) {
         ASSERT_LT(lastValid + 2 * turn + 1, events.size()) << describe(events);
         EXPECT_EQ(events[lastValid + 2 * turn].kind, Kind::Sent);
         EXPECT_EQ(events[lastValid + 2 * turn + 1].kind, Kind::Received) << describe(events);
