@@ -180,4 +180,28 @@ TEST_F(SessionTest, ServerClosingDuringTheSessionStartEndsThePlayerCleanly) {
     EXPECT_EQ(player.wait(20000), 0) << player.standardError();
 }
 
+TEST_F(SessionTest, BeamWithFewerThanThreeWordsIsAConfigurationError) {
+    PlayerProcess::setConfigValue(dir.path(), "OffenseParameters", "Initialize", "Beam", "0.5 -2");
+    const std::vector<std::string> messages = realSession();
+    ServerScript script;
+    script.expectFrame();
+    for (int i = 0; i < 3; ++i) {
+        script.sendFrame(messages[i]);
+    }
+    script.expectFrame().expectFrame().expectClose();
+    ScriptedServer server(script);
+    PlayerProcess player(dir.path(), arguments(server));
+    ASSERT_TRUE(server.wait(Millis(30000)));
+    EXPECT_EQ(player.wait(20000), 1);
+    EXPECT_NE(player.standardError().find(
+                  "check \"Beam.size() >= 3\" failed (configuration \"OffenseParameters\", group "
+                  "\"Initialize\", key \"Beam\" needs three words: x, y and the rotation)"),
+              std::string::npos)
+        << player.standardError();
+    // Registered twice, never beamed.
+    const std::vector<std::string> frames = server.frames();
+    ASSERT_EQ(frames.size(), 3u);
+    EXPECT_EQ(frames[2], kInit);
+}
+
 }  // namespace
