@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "utilities/Basics.h"
 #include "support/CheckDiagnostic.h"
 #include "support/FileHelpers.h"
 #include "support/ScratchDirectory.h"
+#include "utilities/Basics.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Logger.h"
 

@@ -151,8 +151,9 @@ TEST_F(SkillCheckerTest, ReportsAMissingIndex) {
 }
 
 TEST_F(SkillCheckerTest, ReportsIndexEntriesThatAreMissing) {
-    skilltest::writeWholeFile(tree.dataDirectory() + "/ConfigurationData/Config_FileAddresses.conf",
-                   "[DefultSet]\nSkillDataFileCount = 2\n[SkillDataFileName]\n2 = Two\n");
+    skilltest::writeWholeFile(
+        tree.dataDirectory() + "/ConfigurationData/Config_FileAddresses.conf",
+        "[DefultSet]\nSkillDataFileCount = 2\n[SkillDataFileName]\n2 = Two\n");
     skilltest::writeWholeFile(tree.skillPath("Two"), skilltest::skillText({step({})}, 1));
     const SkillChecker::Report report = check();
     ASSERT_EQ(report.findings.size(), 1U) << SkillChecker::format(report);
