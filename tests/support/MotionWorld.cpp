@@ -1,17 +1,14 @@
 #include "MotionWorld.h"  // same folder: the support library itself has no include path to tests/
 
-#include <unistd.h>
-
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
-#include <utility>
 #include <vector>
 
+#include "ScratchDirectory.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
@@ -116,8 +113,10 @@ std::string skillFile(const TestSkill& skill) {
     return out.str();
 }
 
-std::filesystem::path& dataDir() {
-    static std::filesystem::path dir;
+// The directory of the test data, made on first use and removed when the process ends.
+const std::filesystem::path& dataDir() {
+    static const support::ScratchDirectory scratch;
+    static const std::filesystem::path dir(scratch.path());
     return dir;
 }
 
@@ -131,13 +130,8 @@ void registerConfig(const std::string& name, const std::string& fileName, const 
 }  // namespace
 
 void installSkillData() {
-    if (dataDir().empty()) {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "korvel-motion-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("mkdtemp failed");
-        }
-        dataDir() = pattern;
+    static bool written = false;
+    if (!written) {
         std::filesystem::create_directories(dataDir() / "Data" / "SkillData");
         std::ostringstream index;
         index << "[DefultSet]\nSkillDataFileCount = " << skills().size()
@@ -148,6 +142,7 @@ void installSkillData() {
                       skillFile(skills()[i]));
         }
         writeFile(dataDir() / "index.conf", index.str());
+        written = true;
     }
     std::filesystem::current_path(dataDir());
 
@@ -202,11 +197,6 @@ unsigned int stepCount(const std::string& skill) {
 
 unsigned int loopStep(const std::string& skill) {
     return find(skill).loop - 1;
-}
-
-float markerVelocity(const std::string& skill, unsigned int step, float current) {
-    const float d = marker(skill, step) - current;
-    return d / 1.1459156F * 0.5F;
 }
 
 namespace {

@@ -13,7 +13,7 @@ namespace motiontest {
 // Writes the test skill files and configuration files into a fresh directory, registers the
 // configurations, makes the directory the working directory and reloads the skill database.
 // Every skill step targets 0 for every joint except the left shoulder (lae1), whose target is
-// the step's marker; speeds are large, so a command's lae1 velocity reveals the step played.
+// the step's marker, so a command's lae1 target reveals the skill and step played.
 void installSkillData();
 
 // Restores every class-wide state of the motion skills (players, clocks, turn and walk memory)
@@ -28,8 +28,6 @@ float marker(const std::string& skill, unsigned int step);
 // Number of steps and loop step (from 0) of the test skill `skill`.
 unsigned int stepCount(const std::string& skill);
 unsigned int loopStep(const std::string& skill);
-// The lae1 velocity (rad/s) a command of step `step` of `skill` prints while lae1 is at `current`.
-float markerVelocity(const std::string& skill, unsigned int step, float current);
 
 // The target (degrees) of the left shoulder joint lae1 in `command`: the marker of the step the
 // command was taken from.

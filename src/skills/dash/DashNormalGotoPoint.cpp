@@ -5,6 +5,7 @@
 
 #include "commands/Command.h"
 #include "math/Geometry.h"
+#include "utilities/config/Config.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
 
@@ -30,6 +31,7 @@ float DashNormalGotoPoint::deltaAlpha = 0.0F;
 
 DashNormalGotoPoint::Geometry DashNormalGotoPoint::computeGeometry(const math::Point& target,
                                                                    const WorldModel& wm) {
+    // The server version is looked up every cycle, like every configuration value.
     Config config;
     Geometry g;
     const Self* self = wm.getSelf();

@@ -7,7 +7,6 @@
 #include "math/Vector3.h"
 #include "skills/dash/BasicDash.h"
 #include "skills/turn/TurnAngle.h"
-#include "utilities/config/Config.h"
 
 class Command;
 class WorldModel;
@@ -19,7 +18,7 @@ class WorldModel;
 class DashNormalGotoPoint : public BasicDash {
 public:
     DashNormalGotoPoint(const math::Point& target, const WorldModel& wm, bool dropCommand);
-    // Builds only the bases and the configuration handle; chooses nothing.
+    // Builds only the bases; chooses nothing.
     DashNormalGotoPoint(math::Point target, float angle, const WorldModel& wm, float ignored,
                         bool dropCommand);
     ~DashNormalGotoPoint() override = default;
@@ -59,7 +58,6 @@ private:
     void startTurn(float angle, const WorldModel& wm);
     static void resetTurnPlayer();
 
-    Config config;
     Command* command = nullptr;
 
     // The turn built in the latest cycle of turning; each cycle of a turn replaces it.
