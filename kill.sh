@@ -12,7 +12,9 @@ fi
 player=$(pwd)/build/korvel
 while read -r pid; do
   [ -n "$pid" ] || continue
-  if [ "$(readlink "/proc/$pid/exe" 2>/dev/null || true)" = "$player" ]; then
+  exe=$(readlink "/proc/$pid/exe" 2>/dev/null || true)
+  # A binary rebuilt while the player runs shows as "<path> (deleted)".
+  if [ "$exe" = "$player" ] || [ "$exe" = "$player (deleted)" ]; then
     kill "$pid" && echo "Stopped player pid $pid"
   else
     echo "Pid $pid is not running a player any more"
