@@ -1,6 +1,8 @@
 #pragma once
 
 class Command;
+class ConfigSkill;
+class WorldModel;
 
 // The base of every skill ("action"): a short-lived object whose constructor does the cycle's
 // work and builds one whole-body command, which the plan then takes with getCommand() (and owns).
@@ -24,6 +26,11 @@ public:
 
 protected:
     void setSuccessRate(float rate) { successRate = rate; }
+
+    // Ends a motion whose key frames have all been played: restarts "Stop" from its first key
+    // frame, and once "Stop" itself has finished keeps holding it and reports success (100).
+    // Returns this cycle's command, owned by the caller.
+    Command* settleWithStop(ConfigSkill& player, const WorldModel& wm);
 
 private:
     float successRate = 0.0F;

@@ -10,13 +10,7 @@ BasicKick::BasicKick(const WorldModel& wm, bool dropCommand) : BasicAction(dropC
     setSuccessRate(0.0F);
     kickSide = "LeftKick";
     if (configSkill.isFinished()) {
-        if (configSkill.getCurrentSkillName() == "Stop") {
-            setSuccessRate(100.0F);
-            play(configSkill.getCurrentSkillName(), wm);
-        } else {
-            configSkill.setCurrentConfigStepNumber(0);
-            play("Stop", wm);
-        }
+        command = settleWithStop(configSkill, wm);
     } else if (configSkill.getCurrentSkillName() == "@") {
         configSkill.setCurrentConfigStepNumber(0);
         play(kickSide, wm);

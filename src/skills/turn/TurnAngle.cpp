@@ -19,13 +19,7 @@ TurnAngle::TurnAngle(float angle, const WorldModel& wm, float /*ignored*/, bool 
     setSuccessRate(0.0F);
     if (configSkill.isFinished()) {
         if (std::fabs(angle - doAngle) <= kCompletionTolerance) {
-            if (configSkill.getCurrentSkillName() == "Stop") {
-                setSuccessRate(100.0F);
-                play(configSkill.getCurrentSkillName(), wm);
-            } else {
-                configSkill.setCurrentConfigStepNumber(0);
-                play("Stop", wm);
-            }
+            command = settleWithStop(configSkill, wm);
         } else {
             const std::string name = startStep(angle);
             if (configSkill.getCurrentSkillName() == name) {
