@@ -1,0 +1,200 @@
+#include "LabSession.h"
+
+#include <sys/socket.h>
+
+#include <cmath>
+#include <iostream>
+#include <sstream>
+
+#include "body/Body.h"
+#include "commands/Command.h"
+#include "utilities/net/Connection.h"
+#include "worldmodel/Ball.h"
+#include "worldmodel/Share.h"
+#include "worldmodel/WorldModel.h"
+
+namespace {
+
+const char kScene[] = "(scene rsg/agent/nao/nao.rsg)";
+// Torso height (metres) at which a placed robot is set down; it settles from there.
+constexpr double kPlacementHeight = 0.40;
+constexpr double kBallRadius = 0.042;  // metres
+// Head heights (metres) below which the robot counts as fallen and above which as standing.
+constexpr double kFallenHeadHeight = 0.25;
+constexpr double kStandingHeadHeight = 0.40;
+// Head joints are held straight so that the reported head heading is the body's: degrees and
+// degrees per cycle.
+constexpr float kHeadTarget = 0.0F;
+constexpr float kHeadSpeed = 7.0F;
+constexpr double kCycleSeconds = 0.02;
+
+double wrapDegrees(double angle) {
+    while (angle > 180.0) {
+        angle -= 360.0;
+    }
+    while (angle <= -180.0) {
+        angle += 360.0;
+    }
+    return angle;
+}
+
+std::string number(double value) {
+    std::ostringstream out;
+    out << value;
+    return out.str();
+}
+
+}  // namespace
+
+LabSession::LabSession(Options options) : options(std::move(options)) {}
+
+LabSession::~LabSession() {
+    delete Share::lastCommand;
+    Share::lastCommand = nullptr;
+}
+
+bool LabSession::connect() {
+    player = std::make_unique<Connection>(options.host, options.agentPort);
+    monitor = std::make_unique<Connection>(options.host, options.monitorPort);
+    if (!player->init() || !monitor->init()) {
+        std::cerr << "motion-lab: no simulation server at " << options.host << ":"
+                  << options.agentPort << " (monitor " << options.monitorPort << ")\n";
+        return false;
+    }
+    worldModel = std::make_unique<WorldModel>();
+    Body restBody;
+    rest = std::make_unique<Command>(&restBody);
+    lastSent = std::make_unique<Command>(&restBody);
+    worldModel->setSelf()->setLastCommand(lastSent.get());
+    delete Share::lastCommand;
+    Share::lastCommand = new Command(&restBody);
+
+    const std::string syn = options.sync ? "(syn)" : "";
+    std::string message;
+    player->sendMessage(kScene + syn);
+    if (!player->getMessage(message)) {
+        return false;
+    }
+    take(message);
+    player->sendMessage("(init (unum 1)(teamname " + options.team + "))" + syn);
+    if (!player->getMessage(message)) {
+        return false;
+    }
+    take(message);
+    return true;
+}
+
+void LabSession::sendMonitor(const std::string& text) {
+    monitor->sendMessage(text);
+}
+
+void LabSession::drainMonitor() {
+    // The lab never reads the monitor's scene updates; they are only taken off the socket so
+    // that the server never blocks on a full buffer.
+    char scratch[65536];
+    const int fd = monitor->getSocket().getFD();
+    while (recv(fd, scratch, sizeof(scratch), MSG_DONTWAIT) > 0) {
+    }
+}
+
+void LabSession::kickOff() {
+    sendMonitor("(playMode PlayOn)");
+}
+
+void LabSession::placeRobot(double x, double y, double headingDegrees) {
+    // The monitor's rotation is that of the robot's model, which faces +y at 0 degrees.
+    sendMonitor("(agent (unum 1) (team Left) (move " + number(x) + " " + number(y) + " " +
+                number(kPlacementHeight) + " " + number(headingDegrees - 90.0) + "))");
+    headingKnown = false;
+}
+
+void LabSession::placeBall(double x, double y) {
+    sendMonitor("(ball (pos " + number(x) + " " + number(y) + " " + number(kBallRadius) +
+                ") (vel 0 0 0))");
+    ball = GroundTruth::Position{x, y, kBallRadius};
+}
+
+bool LabSession::step(Command* command) {
+    Command* sending = command != nullptr ? command : rest.get();
+    sending->getHeadCommand().getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(
+        kHeadTarget, kHeadSpeed, 0.1F);
+    sending->getHeadCommand().getHingeJointCommand(1).setJointTargetAlphaAndVelocityValue(
+        kHeadTarget, kHeadSpeed, 0.1F);
+    sending->setHeadJointsCommands();
+    player->sendMessage(sending->toString() + (options.sync ? "(syn)" : ""));
+
+    // The command sent becomes the last one, as in the player's own loop.
+    lastSent = std::make_unique<Command>(sending);
+    worldModel->setSelf()->setLastCommand(lastSent.get());
+    delete Share::lastCommand;
+    Share::lastCommand = new Command(sending);
+
+    std::string message;
+    if (!player->getMessage(message)) {
+        return false;
+    }
+    take(message);
+    drainMonitor();
+    return true;
+}
+
+bool LabSession::idle(double seconds) {
+    const double until = now() + seconds - kCycleSeconds / 2;
+    while (now() < until) {
+        if (!step(nullptr)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+double LabSession::now() const {
+    return worldModel->getTime();
+}
+
+void LabSession::take(const std::string& message) {
+    worldModel->update(message);
+    const GroundTruth truth = GroundTruth::read(message);
+    if (truth.head) {
+        truthSeen = true;
+        current.x = truth.head->x;
+        current.y = truth.head->y;
+        current.headHeight = truth.head->z;
+    }
+    if (options.trace && truth.head) {
+        std::cout << "trace t " << now() << " x " << truth.head->x << " y " << truth.head->y
+                  << " z " << truth.head->z << " heading " << truth.headingDegrees.value_or(0.0)
+                  << "\n";
+    }
+    if (truth.ball) {
+        ball = *truth.ball;
+    }
+    double heading = 0.0;
+    bool headingSeen = false;
+    if (truth.headingDegrees) {
+        heading = *truth.headingDegrees;
+        headingSeen = true;
+    } else if (!truthSeen) {
+        const Self* self = worldModel->getSelf();
+        current.x = self->getPosition().getX();
+        current.y = self->getPosition().getY();
+        heading = self->getBodyDirection();
+        headingSeen = true;
+        ball.x = worldModel->getBall()->getPosition().getX();
+        ball.y = worldModel->getBall()->getPosition().getY();
+    }
+    if (headingSeen) {
+        // Unwrapped: small changes are added up, so whole turns count.
+        current.heading = headingKnown ? current.heading + wrapDegrees(heading - current.heading)
+                                       : heading;
+        headingKnown = true;
+    }
+}
+
+bool LabSession::fallen() const {
+    return truthSeen ? current.headHeight < kFallenHeadHeight : worldModel->isFallen();
+}
+
+bool LabSession::standing() const {
+    return truthSeen ? current.headHeight > kStandingHeadHeight : !worldModel->isFallen();
+}

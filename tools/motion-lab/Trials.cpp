@@ -1,0 +1,570 @@
+#include "Trials.h"
+
+#include <cmath>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "body/Body.h"
+#include "commands/Command.h"
+#include "math/Point.h"
+#include "skills/ConfigSkill.h"
+#include "skills/dash/BasicDash.h"
+#include "skills/dash/DashNormalGotoPoint.h"
+#include "skills/kick/BasicKick.h"
+#include "skills/sidewalk/BasicSideWalk.h"
+#include "skills/standup/BasicStandUp.h"
+#include "skills/style/BasicStyle.h"
+#include "skills/turn/BasicTurn.h"
+#include "worldmodel/WorldModel.h"
+
+namespace trials {
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+constexpr double kDegToRad = kPi / 180.0;
+
+double wrapDegrees(double angle) {
+    while (angle > 180.0) {
+        angle -= 360.0;
+    }
+    while (angle <= -180.0) {
+        angle += 360.0;
+    }
+    return angle;
+}
+
+// Every skill's class-wide state as at process start, so that trials do not depend on each
+// other.
+void resetSkills() {
+    ConfigSkill::resetState();
+    Command::resetState();
+    BasicDash::resetState();
+    DashNormalGotoPoint::resetState();
+    BasicTurn::resetState();
+    BasicKick::resetState();
+    BasicSideWalk::resetState();
+    BasicStandUp::resetState();
+    BasicStyle::resetState();
+}
+
+// A robot on the field, standing still, with the measurements every trial takes.
+class Bench {
+public:
+    Bench(const LabSession::Options& options, double x, double y, double heading)
+        : session(options) {
+        resetSkills();
+        ready = session.connect();
+        if (ready) {
+            session.kickOff();
+            session.placeRobot(x, y, heading);
+            ready = session.idle(1.0);
+            origin = session.pose();
+            startTime = session.now();
+        }
+    }
+
+    // Starts the clock and the origin afresh from where the robot is now.
+    void mark() {
+        origin = session.pose();
+        startTime = session.now();
+    }
+    double elapsed() const { return session.now() - startTime; }
+    // Metres moved since the mark along the heading at the mark, and to its left.
+    double forward() const {
+        const double h = origin.heading * kDegToRad;
+        return (session.pose().x - origin.x) * std::cos(h) +
+               (session.pose().y - origin.y) * std::sin(h);
+    }
+    double leftward() const {
+        const double h = origin.heading * kDegToRad;
+        return -(session.pose().x - origin.x) * std::sin(h) +
+               (session.pose().y - origin.y) * std::cos(h);
+    }
+    // Degrees turned counter-clockwise since the mark.
+    double turned() const { return session.pose().heading - origin.heading; }
+
+    // One cycle of skill `name` through `player`; false when the server has gone.
+    bool play(ConfigSkill& player, const std::string& name) {
+        Command* key = player.getConfigCommandSkill(name, &session.world());
+        Command copy(key);
+        return stepWatching(&copy);
+    }
+    // Plays `name` from its first step until it has run to its end (or `limit` seconds).
+    bool playThrough(ConfigSkill& player, const std::string& name, double limit) {
+        ConfigSkill::setCurrentConfigStepNumber(0);
+        const double until = session.now() + limit;
+        while (session.now() < until) {
+            if (!play(player, name)) {
+                return false;
+            }
+            if (player.isFinished()) {
+                return true;
+            }
+        }
+        return true;
+    }
+    // One cycle of a command owned by the caller, noting a fall.
+    bool stepWatching(Command* command) {
+        if (!session.step(command)) {
+            return false;
+        }
+        if (session.fallen() && fellAt < 0.0) {
+            fellAt = elapsed();
+        }
+        return true;
+    }
+
+    LabSession session;
+    bool ready = false;
+    LabSession::Pose origin;
+    double startTime = 0.0;
+    double fellAt = -1.0;  // seconds after the mark; -1 while standing
+};
+
+Result noServer() {
+    Result result;
+    result.note = "no server";
+    return result;
+}
+
+void addFall(Result& result, const Bench& bench) {
+    result.values.emplace_back("fell", bench.fellAt >= 0.0 ? 1.0 : 0.0);
+    if (bench.fellAt >= 0.0 && result.note.empty()) {
+        result.note = "fell after " + std::to_string(bench.fellAt) + " s";
+    }
+}
+
+// Walks with `skill` until `distance` metres forward, a fall or `limit` seconds.
+Result walk(const std::string& skill, double distance, double limit, double minSpeed,
+            const LabSession::Options& options) {
+    Bench bench(options, -6.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    ConfigSkill player;
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    bench.mark();
+    while (bench.elapsed() < limit && bench.forward() < distance && bench.fellAt < 0.0) {
+        if (!bench.play(player, skill)) {
+            return noServer();
+        }
+    }
+    Result result;
+    const double forward = bench.forward();
+    const double speed = forward / std::max(bench.elapsed(), 0.02);
+    const double drift = std::fabs(bench.turned()) * 5.0 / std::max(forward, 0.5);
+    result.values = {{"speed m/s", speed},
+                     {"forward m", forward},
+                     {"sideways m", bench.leftward()},
+                     {"drift deg/5m", drift},
+                     {"time s", bench.elapsed()}};
+    addFall(result, bench);
+    result.passed = bench.fellAt < 0.0 && forward >= distance && speed >= minSpeed &&
+                    (skill != "Walk" || drift <= 10.0);
+    if (!result.passed && result.note.empty()) {
+        result.note = forward < distance ? "distance not covered" : "too slow or drifting";
+    }
+    return result;
+}
+
+// Walks for a while (longer in each trial, so that "Stop" meets the gait in other phases),
+// then plays "Stop" and times how long the robot takes to stand still.
+Result stop(const LabSession::Options& options, int trial, double limit) {
+    Bench bench(options, -6.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    ConfigSkill player;
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    const double walkFor = 2.0 + 0.37 * trial;
+    bench.mark();
+    while (bench.elapsed() < walkFor && bench.fellAt < 0.0) {
+        if (!bench.play(player, "Walk")) {
+            return noServer();
+        }
+    }
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    bench.mark();
+    // Still: the head has moved less than 1 cm over the last 0.2 s.
+    std::deque<std::pair<double, LabSession::Pose>> history;
+    double stillAt = -1.0;
+    while (bench.elapsed() < limit && bench.fellAt < 0.0) {
+        if (!bench.play(player, "Stop")) {
+            return noServer();
+        }
+        history.emplace_back(bench.elapsed(), bench.session.pose());
+        while (history.size() > 1 && history.front().first < bench.elapsed() - 0.2) {
+            history.pop_front();
+        }
+        const LabSession::Pose& a = history.front().second;
+        const LabSession::Pose& b = history.back().second;
+        const bool still = history.back().first - history.front().first >= 0.18 &&
+                           std::hypot(b.x - a.x, b.y - a.y) < 0.01 &&
+                           std::fabs(b.headHeight - a.headHeight) < 0.01;
+        if (still && stillAt < 0.0) {
+            stillAt = std::max(0.0, history.front().first);
+        } else if (!still) {
+            stillAt = -1.0;
+        }
+        if (stillAt >= 0.0 && bench.elapsed() - stillAt > 1.0) {
+            break;  // stayed still for a second
+        }
+    }
+    Result result;
+    result.values = {{"walked s", walkFor}, {"still after s", stillAt}};
+    addFall(result, bench);
+    result.passed = bench.fellAt < 0.0 && stillAt >= 0.0 && stillAt <= 1.0;
+    if (!result.passed && result.note.empty()) {
+        result.note = stillAt < 0.0 ? "never still" : "still too late";
+    }
+    return result;
+}
+
+// From the "Stop" stance: one turn skill, then "Stop"; the heading change is measured.
+Result turn(const std::string& skill, const LabSession::Options& options, double limit) {
+    const bool left = skill.rfind("TurnLeft", 0) == 0;
+    const double size = std::stod(skill.substr(left ? 8 : 9));
+    const double expected = left ? size : -size;
+    Bench bench(options, 0.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    ConfigSkill player;
+    if (!bench.playThrough(player, "Stop", 3.0)) {
+        return noServer();
+    }
+    bench.mark();
+    if (!bench.playThrough(player, skill, limit) || !bench.playThrough(player, "Stop", 3.0) ||
+        !bench.session.idle(0.5)) {
+        return noServer();
+    }
+    Result result;
+    const double turned = bench.turned();
+    result.values = {{"turned deg", turned},
+                     {"error %", 100.0 * (turned - expected) / size},
+                     {"moved m", std::hypot(bench.forward(), bench.leftward())},
+                     {"time s", bench.elapsed()}};
+    addFall(result, bench);
+    result.passed = bench.fellAt < 0.0 && bench.session.standing() &&
+                    std::fabs(turned - expected) <= 0.3 * size;
+    if (!result.passed && result.note.empty()) {
+        result.note = "turned " + std::to_string(turned) + " of " + std::to_string(expected);
+    }
+    return result;
+}
+
+Result side(const std::string& skill, const LabSession::Options& options, double limit) {
+    const double sign = skill == "LeftSideWalk" ? 1.0 : -1.0;
+    Bench bench(options, 0.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    ConfigSkill player;
+    if (!bench.playThrough(player, "Stop", 3.0)) {
+        return noServer();
+    }
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    bench.mark();
+    while (bench.elapsed() < limit && sign * bench.leftward() < 2.0 && bench.fellAt < 0.0) {
+        if (!bench.play(player, skill)) {
+            return noServer();
+        }
+    }
+    Result result;
+    const double sideways = sign * bench.leftward();
+    const double speed = sideways / std::max(bench.elapsed(), 0.02);
+    result.values = {{"speed m/s", speed},
+                     {"sideways m", sideways},
+                     {"forward m", bench.forward()},
+                     {"turned deg", bench.turned()},
+                     {"time s", bench.elapsed()}};
+    addFall(result, bench);
+    result.passed = bench.fellAt < 0.0 && sideways >= 2.0 && speed >= 0.08;
+    if (!result.passed && result.note.empty()) {
+        result.note = "too slow";
+    }
+    return result;
+}
+
+// A command that tips the standing robot over: forwards (face down) or backwards.
+std::unique_ptr<Command> tipOver(bool forwards, const Body* body) {
+    auto command = std::make_unique<Command>(body);
+    // Hip pitch, knee and ankle pitch of both legs (degrees) and the arms held along the body.
+    const float hip = forwards ? -25.0F : 60.0F;
+    const float ankle = forwards ? 60.0F : -45.0F;
+    for (LegCommand* leg : {&command->getLeftLegCommand(), &command->getRightLegCommand()}) {
+        leg->getHingeJointCommand(2).setJointTargetAlphaAndVelocityValue(hip, 7.0F, 0.1F);
+        leg->getHingeJointCommand(4).setJointTargetAlphaAndVelocityValue(ankle, 7.0F, 0.1F);
+    }
+    return command;
+}
+
+Result standUp(const std::string& skill, const LabSession::Options& options, double limit) {
+    const bool front = skill == "FrontStandUp";
+    Bench bench(options, 0.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    bench.mark();
+    while (!bench.session.fallen() && bench.elapsed() < 4.0) {
+        std::unique_ptr<Command> push = tipOver(front, bench.session.world().getSelf()->getBody());
+        push->setAllCommands();
+        if (!bench.session.step(push.get())) {
+            return noServer();
+        }
+    }
+    const bool fellForwards = bench.forward() > 0.0;
+    Result result;
+    if (!bench.session.fallen() || fellForwards != front) {
+        result.note = "could not tip the robot over as wanted";
+        return result;
+    }
+    if (!bench.session.idle(1.0)) {
+        return noServer();
+    }
+    ConfigSkill player;
+    bench.mark();
+    double upAt = -1.0;
+    bool done = false;
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    std::string playing = skill;
+    while (bench.elapsed() < limit + 2.0) {
+        if (!bench.play(player, playing)) {
+            return noServer();
+        }
+        if (player.isFinished() && playing == skill) {
+            playing = "Stop";
+            ConfigSkill::setCurrentConfigStepNumber(0);
+        } else if (player.isFinished()) {
+            done = true;
+        }
+        // Standing: up, and still up half a second later.
+        if (bench.session.standing()) {
+            if (upAt < 0.0) {
+                upAt = bench.elapsed();
+            }
+            if (done && bench.elapsed() - upAt >= 0.5) {
+                break;
+            }
+        } else {
+            upAt = -1.0;
+        }
+    }
+    result.values = {{"standing after s", upAt}, {"head m", bench.session.pose().headHeight}};
+    result.passed = upAt >= 0.0 && upAt <= limit && bench.session.standing();
+    if (!result.passed) {
+        result.note = upAt < 0.0 ? "still down" : "too slow";
+    }
+    return result;
+}
+
+Result kick(const LabSession::Options& options, double limit) {
+    Bench bench(options, 0.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    ConfigSkill player;
+    if (!bench.playThrough(player, "Stop", 3.0)) {
+        return noServer();
+    }
+    // The ball in front of the left foot: 0.16 m ahead of the head, 0.055 m to its left.
+    const LabSession::Pose& pose = bench.session.pose();
+    const double h = pose.heading * kDegToRad;
+    const double bx = pose.x + 0.16 * std::cos(h) - 0.055 * std::sin(h);
+    const double by = pose.y + 0.16 * std::sin(h) + 0.055 * std::cos(h);
+    bench.session.placeBall(bx, by);
+    bench.mark();
+    BasicKick::getConfigSkill().setCurrentSkillName("@");
+    BasicKick::getConfigSkill().setFinishedSkill(false);
+    bool kicked = false;
+    while (bench.elapsed() < limit) {
+        std::unique_ptr<Command> command;
+        if (!kicked) {
+            BasicKick kick(bench.session.world(), false);
+            command.reset(kick.getCommand());
+            kicked = kick.isFinished();
+        }
+        if (!bench.stepWatching(command.get())) {
+            return noServer();
+        }
+    }
+    const double dx = bench.session.ballX() - bx;
+    const double dy = bench.session.ballY() - by;
+    const double travel = dx * std::cos(h) + dy * std::sin(h);
+    Result result;
+    result.values = {{"ball forward m", travel},
+                     {"ball sideways m", -dx * std::sin(h) + dy * std::cos(h)}};
+    addFall(result, bench);
+    result.passed = bench.fellAt < 0.0 && travel >= 4.0;
+    if (!result.passed && result.note.empty()) {
+        result.note = "ball too short";
+    }
+    return result;
+}
+
+Result style(const LabSession::Options& options, double limit) {
+    Bench bench(options, 0.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    ConfigSkill player;
+    bench.mark();
+    if (!bench.playThrough(player, "Style", limit) || !bench.playThrough(player, "Stop", 3.0) ||
+        !bench.session.idle(0.5)) {
+        return noServer();
+    }
+    Result result;
+    result.values = {{"time s", bench.elapsed()}};
+    addFall(result, bench);
+    result.passed = bench.fellAt < 0.0 && bench.session.standing();
+    return result;
+}
+
+// The dash towards a point: behind the robot (the about turn) or 5 m away at 90 degrees.
+Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
+    Bench bench(options, 0.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    bench.mark();
+    const double h = bench.origin.heading * kDegToRad;
+    const double distance = aboutTurn ? 3.0 : 5.0;
+    const double direction = aboutTurn ? h + kPi : h + kPi / 2.0;
+    const double tx = bench.origin.x + distance * std::cos(direction);
+    const double ty = bench.origin.y + distance * std::sin(direction);
+    const math::Point target(static_cast<float>(tx), static_cast<float>(ty), 0.0F);
+    double doneAt = -1.0;
+    while (bench.elapsed() < limit && bench.fellAt < 0.0) {
+        DashNormalGotoPoint step(target, bench.session.world(), false);
+        std::unique_ptr<Command> command(step.getCommand());
+        if (!bench.stepWatching(command.get())) {
+            return noServer();
+        }
+        if (aboutTurn && std::fabs(wrapDegrees(bench.turned() - 180.0)) < 20.0) {
+            doneAt = bench.elapsed();
+            break;
+        }
+        if (!aboutTurn && step.isFinished()) {
+            doneAt = bench.elapsed();
+            break;
+        }
+    }
+    const LabSession::Pose& pose = bench.session.pose();
+    Result result;
+    result.values = {{"done after s", doneAt},
+                     {"turned deg", bench.turned()},
+                     {"off target m", std::hypot(pose.x - tx, pose.y - ty)}};
+    addFall(result, bench);
+    const double allowed = aboutTurn ? 8.0 : 40.0;
+    result.passed = bench.fellAt < 0.0 && doneAt >= 0.0 && doneAt <= allowed &&
+                    (aboutTurn || std::hypot(pose.x - tx, pose.y - ty) < 0.6);
+    if (!result.passed && result.note.empty()) {
+        result.note = doneAt < 0.0 ? "not done in time" : "too slow or off target";
+    }
+    return result;
+}
+
+bool isTurn(const std::string& motion) {
+    static const std::vector<std::string> sizes = {"40", "30", "25", "15", "10", "5"};
+    for (const std::string& size : sizes) {
+        if (motion == "TurnLeft" + size || motion == "TurnRight" + size) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+double Result::value(const std::string& name) const {
+    for (const auto& [key, v] : values) {
+        if (key == name) {
+            return v;
+        }
+    }
+    return std::nan("");
+}
+
+std::vector<std::string> motions() {
+    std::vector<std::string> all = {"Walk",         "ShortWalk",    "Stop",         "LeftSideWalk",
+                                    "RightSideWalk", "FrontStandUp", "BackStandUp", "LeftKick",
+                                    "Style",        "dash-turn",    "dash-point"};
+    for (const char* side : {"TurnLeft", "TurnRight"}) {
+        for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
+            all.push_back(std::string(side) + size);
+        }
+    }
+    return all;
+}
+
+bool known(const std::string& motion) {
+    for (const std::string& name : motions()) {
+        if (name == motion) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string target(const std::string& motion) {
+    static const std::map<std::string, std::string> targets = {
+        {"Walk", "10 m forward at 0.30 m/s or more, drift at most 10 deg per 5 m, no fall"},
+        {"ShortWalk", "2 m forward at 0.10 m/s or more, no fall"},
+        {"Stop", "still within 1 s of interrupting the walk, no fall"},
+        {"LeftSideWalk", "2 m to the left at 0.08 m/s or more, no fall"},
+        {"RightSideWalk", "2 m to the right at 0.08 m/s or more, no fall"},
+        {"FrontStandUp", "standing within 5 s from lying face down"},
+        {"BackStandUp", "standing within 5 s from lying on the back"},
+        {"LeftKick", "ball at the left foot travels 4 m or more forward, no fall"},
+        {"Style", "ends standing"},
+        {"dash-turn", "the dash turns about (180 deg) within 8 s, no fall"},
+        {"dash-point", "the dash reaches a point 5 m away at 90 deg within 40 s, no fall"}};
+    const auto found = targets.find(motion);
+    if (found != targets.end()) {
+        return found->second;
+    }
+    return "turns the named angle within 30 percent and ends standing";
+}
+
+Result run(const std::string& motion, const LabSession::Options& options, int trial,
+           double seconds) {
+    const auto limit = [seconds](double standard) { return seconds > 0.0 ? seconds : standard; };
+    if (motion == "Walk") {
+        return walk("Walk", 10.0, limit(40.0), 0.30, options);
+    }
+    if (motion == "ShortWalk") {
+        return walk("ShortWalk", 2.0, limit(25.0), 0.10, options);
+    }
+    if (motion == "Stop") {
+        return stop(options, trial, limit(4.0));
+    }
+    if (motion == "LeftSideWalk" || motion == "RightSideWalk") {
+        return side(motion, options, limit(30.0));
+    }
+    if (motion == "FrontStandUp" || motion == "BackStandUp") {
+        return standUp(motion, options, limit(5.0));
+    }
+    if (motion == "LeftKick") {
+        return kick(options, limit(6.0));
+    }
+    if (motion == "Style") {
+        return style(options, limit(10.0));
+    }
+    if (motion == "dash-turn") {
+        return dash(true, options, limit(20.0));
+    }
+    if (motion == "dash-point") {
+        return dash(false, options, limit(60.0));
+    }
+    if (isTurn(motion)) {
+        return turn(motion, options, limit(6.0));
+    }
+    Result unknown;
+    unknown.note = "unknown motion";
+    return unknown;
+}
+
+}  // namespace trials
