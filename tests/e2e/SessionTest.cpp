@@ -103,9 +103,10 @@ TEST_F(SessionTest, SessionStartSilenceBeforeKickOffThenOneEffectorFramePerMessa
         if (text == kAllStopped) {
             continue;
         }
-        EXPECT_EQ(text.substr(0, 29),
-                  turn == 0 ? "(he1 0.872665) (he2 -6.10865)" : "(he1 6.10865) (he2 -6.10865)")
-            << "turn " << turn;
+        // The head's text ends where the right arm's begins.
+        const std::string head =
+            turn == 0 ? "(he1 0.872665) (he2 -6.10865)(" : "(he1 6.10865) (he2 -6.10865)(";
+        EXPECT_EQ(text.substr(0, head.size()), head) << "turn " << turn;
     }
 
     // Every frame sent is also logged, in order.

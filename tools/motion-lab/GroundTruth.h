@@ -13,9 +13,9 @@ struct GroundTruth {
         double y = 0.0;
         double z = 0.0;
     };
-    std::optional<Position> head;        // metres
+    std::optional<Position> head;          // metres
     std::optional<double> headingDegrees;  // degrees
-    std::optional<Position> ball;        // metres
+    std::optional<Position> ball;          // metres
 
     // Reads the three lists from one perceptor message; absent or unreadable lists stay empty.
     static GroundTruth read(const std::string& message);

@@ -185,8 +185,8 @@ void LabSession::take(const std::string& message) {
     }
     if (headingSeen) {
         // Unwrapped: small changes are added up, so whole turns count.
-        current.heading = headingKnown ? current.heading + wrapDegrees(heading - current.heading)
-                                       : heading;
+        current.heading =
+            headingKnown ? current.heading + wrapDegrees(heading - current.heading) : heading;
         headingKnown = true;
     }
 }

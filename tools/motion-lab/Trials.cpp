@@ -489,9 +489,9 @@ double Result::value(const std::string& name) const {
 }
 
 std::vector<std::string> motions() {
-    std::vector<std::string> all = {"Walk",         "ShortWalk",    "Stop",         "LeftSideWalk",
+    std::vector<std::string> all = {"Walk",          "ShortWalk",    "Stop",        "LeftSideWalk",
                                     "RightSideWalk", "FrontStandUp", "BackStandUp", "LeftKick",
-                                    "Style",        "dash-turn",    "dash-point"};
+                                    "Style",         "dash-turn",    "dash-point"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);

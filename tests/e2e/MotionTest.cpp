@@ -1,0 +1,73 @@
+// Every motion against the real simulation server, one trial each, judged by the motion lab's
+// own pass criterion, so that a change to a skill file that breaks a motion shows. Runs only
+// where the server is installed (rcssserver3d on the PATH); skipped otherwise.
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+#include "RealServer.h"
+#include "Trials.h"
+#include "agent/Startup.h"
+#include "support/ScratchDirectory.h"
+#include "utilities/config/Config.h"
+#include "utilities/logging/LogDevNull.h"
+#include "utilities/logging/Logger.h"
+
+namespace {
+
+// Ports of their own, so that a server already running on the standard ones does not matter.
+constexpr int kAgentPort = 3160;
+constexpr int kMonitorPort = 3260;
+
+class MotionTest : public testing::TestWithParam<std::string> {};
+
+TEST_P(MotionTest, MeetsItsTargetInOneTrial) {
+    const std::string server = realserver::findOnPath("rcssserver3d");
+    if (server.empty()) {
+        GTEST_SKIP() << "rcssserver3d is not installed (not found on the PATH)";
+    }
+    const int busy = realserver::connectLocal(kAgentPort);
+    if (busy >= 0) {
+        close(busy);
+        GTEST_SKIP() << "port " << kAgentPort << " is already taken";
+    }
+    support::ScratchDirectory dir;
+    const realserver::ServerProcess simulation(server, dir.path(), kAgentPort, kMonitorPort, true);
+    const int probe = realserver::connectWithin(kAgentPort, std::chrono::seconds(30));
+    ASSERT_GE(probe, 0) << "the server did not open port " << kAgentPort;
+    close(probe);
+    // The player's start-up would not do more: the shipped Data tree, no log files.
+    ASSERT_EQ(chdir(KORVEL_SOURCE_DIR), 0);
+    Config::resetState();
+    Logger::resetState();
+    ConfigInitializing();
+    logger.add("Main", new LogDevNull(), true);
+    logger.add("MainOff", new LogDevNull(), false);
+
+    LabSession::Options options;
+    options.agentPort = kAgentPort;
+    options.monitorPort = kMonitorPort;
+    options.sync = true;
+    const trials::Result result = trials::run(GetParam(), options, 0);
+    std::string measured;
+    for (const auto& [name, value] : result.values) {
+        measured += " " + name + " " + std::to_string(value);
+    }
+    EXPECT_TRUE(result.passed) << GetParam() << ": " << trials::target(GetParam()) << "\n"
+                               << "measured:" << measured << "\n"
+                               << result.note;
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryMotion, MotionTest, testing::ValuesIn(trials::motions()),
+                         [](const testing::TestParamInfo<std::string>& info) {
+                             std::string name = info.param;
+                             for (char& c : name) {
+                                 c = c == '-' ? '_' : c;
+                             }
+                             return name;
+                         });
+
+}  // namespace

@@ -1,0 +1,146 @@
+#include "RealServer.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+namespace realserver {
+
+namespace {
+
+// The installed settings file (<prefix>/share/simspark/spark.rb beside <prefix>/bin), made
+// single-threaded and optionally synchronous, written to <home>/.simspark/spark.rb.
+void writeSettings(const std::string& binary, const std::string& home, bool sync) {
+    namespace fs = std::filesystem;
+    const fs::path installed =
+        fs::path(binary).parent_path().parent_path() / "share" / "simspark" / "spark.rb";
+    std::ifstream in(installed);
+    if (!in) {
+        return;  // the server then writes its own defaults
+    }
+    std::stringstream text;
+    text << in.rdbuf();
+    std::string settings = text.str();
+    settings = std::regex_replace(settings, std::regex(R"(\$threadedAgentControl = true)"),
+                                  "$$threadedAgentControl = false");
+    settings = std::regex_replace(settings, std::regex(R"(\$serverMultiThreadedMode = true)"),
+                                  "$$serverMultiThreadedMode = false");
+    if (sync) {
+        settings = std::regex_replace(settings, std::regex(R"(\$agentSyncMode = false)"),
+                                      "$$agentSyncMode = true");
+    }
+    fs::create_directories(fs::path(home) / ".simspark");
+    std::ofstream(fs::path(home) / ".simspark" / "spark.rb") << settings;
+}
+
+}  // namespace
+
+std::string findOnPath(const std::string& program) {
+    const char* path = std::getenv("PATH");
+    std::stringstream dirs(path != nullptr ? path : "");
+    std::string dir;
+    while (std::getline(dirs, dir, ':')) {
+        std::string candidate = (dir.empty() ? "." : dir) + "/" + program;
+        if (access(candidate.c_str(), X_OK) == 0) {
+            return candidate;
+        }
+    }
+    return "";
+}
+
+int connectLocal(int port) {
+    const int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<uint16_t>(port));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof(address)) != 0) {
+        close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+int connectWithin(int port, std::chrono::seconds limit) {
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    while (std::chrono::steady_clock::now() < deadline) {
+        const int fd = connectLocal(port);
+        if (fd >= 0) {
+            return fd;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    return -1;
+}
+
+ServerProcess::ServerProcess(const std::string& binary, const std::string& dir, int agentPort,
+                             int monitorPort, bool sync) {
+    writeSettings(binary, dir, sync);
+    const std::string agent = std::to_string(agentPort);
+    const std::string monitor = std::to_string(monitorPort);
+    pid = fork();
+    if (pid == 0) {
+        const std::string out = dir + "/server.txt";
+        const int fd = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        if (fd < 0 || chdir(dir.c_str()) != 0) {
+            _exit(127);
+        }
+        setenv("HOME", dir.c_str(), 1);
+        dup2(fd, STDOUT_FILENO);
+        dup2(fd, STDERR_FILENO);
+        execl(binary.c_str(), binary.c_str(), "--agent-port", agent.c_str(), "--server-port",
+              monitor.c_str(), static_cast<char*>(nullptr));
+        _exit(127);
+    }
+}
+
+ServerProcess::~ServerProcess() {
+    if (pid <= 0) {
+        return;
+    }
+    // The server ignores SIGTERM; SIGINT stops it cleanly.
+    kill(pid, SIGINT);
+    for (int i = 0; i < 30; ++i) {
+        if (waitpid(pid, nullptr, WNOHANG) == pid) {
+            return;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    kill(pid, SIGKILL);
+    waitpid(pid, nullptr, 0);
+}
+
+Monitor::Monitor(int fd) : fd(fd), reader([this] { drain(); }) {}
+
+Monitor::~Monitor() {
+    stop = true;
+    shutdown(fd, SHUT_RDWR);
+    reader.join();
+    close(fd);
+}
+
+bool Monitor::send(const std::string& text) const {
+    const uint32_t length = htonl(static_cast<uint32_t>(text.size()));
+    std::string frame(reinterpret_cast<const char*>(&length), 4);
+    frame += text;
+    return write(fd, frame.data(), frame.size()) == static_cast<ssize_t>(frame.size());
+}
+
+void Monitor::drain() const {
+    char buffer[65536];
+    while (!stop && read(fd, buffer, sizeof(buffer)) > 0) {
+    }
+}
+
+}  // namespace realserver
