@@ -4,7 +4,9 @@
 
 #include <cmath>
 #include <memory>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "agent/Startup.h"
 #include "support/FileHelpers.h"
@@ -29,16 +31,32 @@ protected:
     std::string loadOutput;
 };
 
-TEST_F(ShippedDataTest, IndexListsTheSixConfigurationsAndNoSkillsYet) {
+TEST_F(ShippedDataTest, IndexListsTheSixConfigurationsAndEverySkillTheAgentPlays) {
     const ConfigFile& index = config["Config_FileAdresses"];
     EXPECT_EQ(index["DefultSet"]["ConfigurationDataFileCount"].asInt(), 6);
-    EXPECT_EQ(index["DefultSet"]["SkillDataFileCount"].asInt(), 0);
-    EXPECT_TRUE(index.exists("SkillDataFileName"));
     for (const char* name : {"LoggerInitialize", "ServerInitialize", "WorldModelParameters",
                              "GoalKeeperParameters", "DefenceParameters", "OffenseParameters"}) {
         EXPECT_TRUE(config.exists(name)) << name;
         EXPECT_NE(loadOutput.find(std::string("/") + name + ".conf "), std::string::npos) << name;
     }
+
+    std::set<std::string> listed;
+    const int skills = index["DefultSet"]["SkillDataFileCount"].asInt();
+    for (int i = 1; i <= skills; ++i) {
+        listed.insert(index["SkillDataFileName"][std::to_string(i)].asString());
+    }
+    std::vector<std::string> played = {"Walk",     "ShortWalk",    "Stop",
+                                       "LeftKick", "LeftSideWalk", "RightSideWalk",
+                                       "Style",    "FrontStandUp", "BackStandUp"};
+    for (const char* side : {"TurnLeft", "TurnRight"}) {
+        for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
+            played.push_back(std::string(side) + size);
+        }
+    }
+    for (const std::string& name : played) {
+        EXPECT_EQ(listed.count(name), 1U) << name << " is not listed";
+    }
+    EXPECT_EQ(listed.size(), static_cast<size_t>(skills)) << "a skill is listed twice";
 }
 
 TEST_F(ShippedDataTest, LoggingAndServerSettings) {
