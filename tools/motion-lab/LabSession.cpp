@@ -164,7 +164,10 @@ void LabSession::take(const std::string& message) {
     if (options.trace && truth.head) {
         std::cout << "trace t " << now() << " x " << truth.head->x << " y " << truth.head->y
                   << " z " << truth.head->z << " heading " << truth.headingDegrees.value_or(0.0)
-                  << "\n";
+                  << " | player: x " << worldModel->getSelf()->getPosition().getX() << " y "
+                  << worldModel->getSelf()->getPosition().getY() << " heading "
+                  << worldModel->getSelf()->getBodyDirection() << " fallen "
+                  << worldModel->isFallen() << "\n";
     }
     if (truth.ball) {
         ball = *truth.ball;
