@@ -3,6 +3,7 @@
 #include <cmath>
 #include <deque>
 #include <functional>
+#include <iostream>
 #include <map>
 #include <memory>
 
@@ -54,7 +55,7 @@ void resetSkills() {
 class Bench {
 public:
     Bench(const LabSession::Options& options, double x, double y, double heading)
-        : session(options) {
+        : session(options), trace(options.trace) {
         resetSkills();
         ready = session.connect();
         if (ready) {
@@ -90,6 +91,24 @@ public:
     bool play(ConfigSkill& player, const std::string& name) {
         Command* key = player.getConfigCommandSkill(name, &session.world());
         Command copy(key);
+        if (trace) {
+            std::cout << "trace skill " << name << " step "
+                      << ConfigSkill::getCurrentConfigStepNumber()
+                      << (player.isFinished() ? " finished" : "");
+            // The leg joints still outside the key frame's precision: target - current, degrees.
+            for (int side = 0; side < 2; ++side) {
+                LegCommand& leg = side == 0 ? key->getLeftLegCommand() : key->getRightLegCommand();
+                for (int j = 0; j < 6; ++j) {
+                    const HingeJointCommand& joint = leg.getHingeJointCommand(j);
+                    const float error =
+                        joint.getJointTargetAlphaValue() - joint.getJointCurrentAlphaValue();
+                    if (std::fabs(error) > joint.getPrecision()) {
+                        std::cout << " " << (side == 0 ? "lle" : "rle") << j + 1 << " " << error;
+                    }
+                }
+            }
+            std::cout << "\n";
+        }
         return stepWatching(&copy);
     }
     // Plays `name` from its first step until it has run to its end (or `limit` seconds).
@@ -118,6 +137,7 @@ public:
     }
 
     LabSession session;
+    bool trace = false;  // print the key-frame step of every cycle and the joints holding it
     bool ready = false;
     LabSession::Pose origin;
     double startTime = 0.0;
@@ -489,9 +509,9 @@ double Result::value(const std::string& name) const {
 }
 
 std::vector<std::string> motions() {
-    std::vector<std::string> all = {"Walk",         "ShortWalk",    "Stop",         "LeftSideWalk",
+    std::vector<std::string> all = {"Walk",          "ShortWalk",    "Stop",        "LeftSideWalk",
                                     "RightSideWalk", "FrontStandUp", "BackStandUp", "LeftKick",
-                                    "Style",        "dash-turn",    "dash-point"};
+                                    "Style",         "dash-turn",    "dash-point"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);
