@@ -142,14 +142,14 @@ def leg_pose(side, yaw=0.0, shift=0.0, lift=0.0, back=0.0):
 SIZES = {
     n: dict(yaw=y, lean=0.04, lift=0.03, spread=0.01, split=0.5, back=0.02, ease=0.7,
             t=(12, 6, 8, 6, 15, 6, 10, 6, 16))
-    for n, y in ((40, 60.0), (30, 32.0), (25, 27.0), (15, 15.0), (10, 8.0), (5, 5.0))
+    for n, y in ((40, 60.0), (30, 32.0), (25, 27.0), (15, 15.0), (10, 8.0), (5, 7.5))
 }
 PRECISION = 3.0
 
 # Measured turn (degrees, 5 trials each, motion lab, sync-mode server, from the stance and
 # followed by Stop): every trial of a file turned the same on the deterministic server.
-RESULTS = {40: 44.68, 30: 31.18, 25: 22.08, 15: 17.70, 10: 9.78, 5: 5.73}
-TRIAL_SECONDS = {40: 2.40, 30: 2.38, 25: 2.34, 15: 2.36, 10: 2.26, 5: 2.14}
+RESULTS = {40: 44.43, 30: 29.93, 25: 25.61, 15: 14.42, 10: 10.77, 5: 4.38}
+TRIAL_SECONDS = {40: 2.50, 30: 2.44, 25: 2.40, 15: 2.42, 10: 2.28, 5: 2.27}
 
 
 def mirror(p):

@@ -66,11 +66,13 @@ legs and from the walk it settles without falling.""",
 steps, loop = gait(**WALK)
 write(out + '/Walk.conf', """Walk: walks straight ahead, %(half_step).3f m steps, %(cycles)d cycles per key frame.
 Tuned with motion-lab on the simulation server in sync mode by a random search over height,
-step, sway, lift, lean and pace (score: metres walked in 15 s without a fall); see the README
-table for what it achieves.""" % WALK, steps, loop=loop, start=ZERO)
+step, sway, lift, lean and pace (score: metres walked in 20 s without a fall, worst of two
+runs). Achieved (5 trials of 40 s): 0.096 m/s (worst 0.095), no fall, heading drift 56 deg per
+5 m (worst 69), to the right.""" % WALK, steps, loop=loop, start=ZERO)
 
 steps, loop = gait(**SHORT)
 write(out + '/ShortWalk.conf', """ShortWalk: the walk for the last half metre to a target, %(half_step).3f m steps (shorter
 steps measured slower than 0.10 m/s, longer ones slipped). Tuned with motion-lab on the
-simulation server in sync mode together with the walk.""" % SHORT,
+simulation server in sync mode together with the walk. Achieved (5 trials over 2 m): 0.099 m/s
+(worst 0.098), no fall.""" % SHORT,
       steps, loop=loop, start=ZERO)
