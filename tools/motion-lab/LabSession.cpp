@@ -119,7 +119,7 @@ bool LabSession::step(Command* command) {
     sending->getHeadCommand().getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(
         kHeadTarget, kHeadSpeed, 0.1F);
     sending->getHeadCommand().getHingeJointCommand(1).setJointTargetAlphaAndVelocityValue(
-        kHeadTarget, kHeadSpeed, 0.1F);
+        options.headTilt, kHeadSpeed, 0.1F);
     sending->setHeadJointsCommands();
     player->sendMessage(sending->toString() + (options.sync ? "(syn)" : ""));
 

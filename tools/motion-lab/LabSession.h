@@ -26,6 +26,8 @@ public:
         std::string team = "KorvelLab";
         // Print the robot's pose on standard output whenever the server reports it.
         bool trace = false;
+        // Head pitch held during the trials (degrees); the player tilts it to -20.
+        float headTilt = 0.0F;
     };
 
     // Where the robot is, as far as the lab can tell: field metres, degrees counter-clockwise

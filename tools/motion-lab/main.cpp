@@ -9,6 +9,7 @@
 //     --trials N           trials per motion (5)
 //     --seconds S          time limit of every trial instead of the motion's own
 //     --sync               send "(syn)" each cycle, for a server in agent sync mode
+//     --head-tilt DEG      head pitch held during the trials (0; the player uses -20)
 //     --trace              print the robot's pose whenever the server reports it
 //     --list               the motions and their targets
 //
@@ -31,7 +32,8 @@ namespace {
 
 int usage() {
     std::cerr << "usage: motion-lab [--host HOST] [--port N] [--monitor-port N] [--trials N]\n"
-                 "                  [--seconds S] [--sync] [--trace] [--list] MOTION...\n";
+                 "                  [--seconds S] [--sync] [--head-tilt DEG] [--trace] [--list]\n"
+                 "                  MOTION...\n";
     return 2;
 }
 
@@ -101,6 +103,8 @@ int main(int argc, char** argv) {
             seconds = std::atof(argv[++i]);
         } else if (arg == "--sync") {
             options.sync = true;
+        } else if (arg == "--head-tilt" && hasValue) {
+            options.headTilt = static_cast<float>(std::atof(argv[++i]));
         } else if (arg == "--trace") {
             options.trace = true;
         } else if (arg == "--list") {
