@@ -54,7 +54,10 @@ void resetSkills() {
 // A robot on the field, standing still, with the measurements every trial takes.
 class Bench {
 public:
-    Bench(const LabSession::Options& options, double x, double y, double heading)
+    // With `stance`, the settled robot then plays "Stop" into the standing stance, as the
+    // motions that the player starts from it expect.
+    Bench(const LabSession::Options& options, double x, double y, double heading,
+          bool stance = false)
         : session(options), trace(options.trace) {
         resetSkills();
         ready = session.connect();
@@ -62,9 +65,13 @@ public:
             session.kickOff();
             session.placeRobot(x, y, heading);
             ready = session.idle(1.0);
-            origin = session.pose();
-            startTime = session.now();
         }
+        if (ready && stance) {
+            ConfigSkill player;
+            ready = playThrough(player, "Stop", 3.0);
+        }
+        origin = session.pose();
+        startTime = session.now();
     }
 
     // Starts the clock and the origin afresh from where the robot is now.
@@ -248,14 +255,11 @@ Result turn(const std::string& skill, const LabSession::Options& options, double
     const bool left = skill.rfind("TurnLeft", 0) == 0;
     const double size = std::stod(skill.substr(left ? 8 : 9));
     const double expected = left ? size : -size;
-    Bench bench(options, 0.0, 0.0, 0.0);
+    Bench bench(options, 0.0, 0.0, 0.0, true);
     if (!bench.ready) {
         return noServer();
     }
     ConfigSkill player;
-    if (!bench.playThrough(player, "Stop", 3.0)) {
-        return noServer();
-    }
     bench.mark();
     if (!bench.playThrough(player, skill, limit) || !bench.playThrough(player, "Stop", 3.0) ||
         !bench.session.idle(0.5)) {
@@ -278,14 +282,11 @@ Result turn(const std::string& skill, const LabSession::Options& options, double
 
 Result side(const std::string& skill, const LabSession::Options& options, double limit) {
     const double sign = skill == "LeftSideWalk" ? 1.0 : -1.0;
-    Bench bench(options, 0.0, 0.0, 0.0);
+    Bench bench(options, 0.0, 0.0, 0.0, true);
     if (!bench.ready) {
         return noServer();
     }
     ConfigSkill player;
-    if (!bench.playThrough(player, "Stop", 3.0)) {
-        return noServer();
-    }
     ConfigSkill::setCurrentConfigStepNumber(0);
     bench.mark();
     while (bench.elapsed() < limit && sign * bench.leftward() < 2.0 && bench.fellAt < 0.0) {
@@ -382,12 +383,8 @@ Result standUp(const std::string& skill, const LabSession::Options& options, dou
 }
 
 Result kick(const LabSession::Options& options, double limit) {
-    Bench bench(options, 0.0, 0.0, 0.0);
+    Bench bench(options, 0.0, 0.0, 0.0, true);
     if (!bench.ready) {
-        return noServer();
-    }
-    ConfigSkill player;
-    if (!bench.playThrough(player, "Stop", 3.0)) {
         return noServer();
     }
     // The ball in front of the left foot: 0.16 m ahead of the head, 0.055 m to its left.
