@@ -126,13 +126,11 @@ def style_steps():
 
 # What the motion lab measured (5 trials each, sync-mode server); written into the file headers.
 MEASURED = {
-    'LeftSideWalk': ('0 of 5 reach the 2 m target: 0.052 m/s mean (0.045 worst), 1.47 m sideways in\n'
-                     '30 s (1.34 worst), 2 falls after about 26 s; forward drift +0.71 m, turns\n'
-                     'clockwise -51 deg mean (-61 worst). (The stance was reached with joint-\n'
-                     'proportional speeds; Stop from the straight-legged start tips forward.)'),
-    'RightSideWalk': ('0 of 5 reach the 2 m target: 0.049 m/s mean (0.040 worst), 1.24 m sideways in\n'
-                      '30 s (1.21 worst), 1 fall after 15 s; forward drift +0.65 m, turns counter-\n'
-                      'clockwise +61 deg mean (+72 worst). (Stance reached as for LeftSideWalk.)'),
+    'LeftSideWalk': ('0 of 5 reach the 2 m target: 0.061 m/s mean (0.043 worst), 1.24 m sideways\n'
+                     '(0.92 worst), 3 of 5 fell (after 13-26 s); turns clockwise -42 deg mean\n'
+                     '(-66 worst). Earlier, with a 20-cycle Stop before it: 0.052 m/s, 2 falls.'),
+    'RightSideWalk': ('0 of 5 reach the 2 m target: all 5 fell (after 8-25 s), 1.24 m sideways\n'
+                      'mean. Earlier, with a 20-cycle Stop before it: 0.049 m/s, 1 fall in 5.'),
     'Style': '5 of 5 trials end standing (about 1.9 s including Stop), no fall',
 }
 
