@@ -54,6 +54,7 @@ LabSession::~LabSession() {
 }
 
 bool LabSession::connect() {
+    AgentModel::resetState();
     player = std::make_unique<Connection>(options.host, options.agentPort);
     monitor = std::make_unique<Connection>(options.host, options.monitorPort);
     if (!player->init() || !monitor->init()) {
@@ -116,8 +117,15 @@ void LabSession::placeBall(double x, double y) {
 
 bool LabSession::step(Command* command) {
     Command* sending = command != nullptr ? command : rest.get();
+    float pan = kHeadTarget;
+    float panSpeed = kHeadSpeed;
+    if (options.headSweep) {
+        // As the player does: the speed left by the previous decision goes with this target.
+        panSpeed = agent.getHeadSpeed();
+        pan = agent.headDecision(worldModel.get());
+    }
     sending->getHeadCommand().getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(
-        kHeadTarget, kHeadSpeed, 0.1F);
+        pan, panSpeed, 0.1F);
     sending->getHeadCommand().getHingeJointCommand(1).setJointTargetAlphaAndVelocityValue(
         options.headTilt, kHeadSpeed, 0.1F);
     sending->setHeadJointsCommands();
@@ -136,6 +144,10 @@ bool LabSession::step(Command* command) {
     take(message);
     drainMonitor();
     return true;
+}
+
+Command* LabSession::planAct(int role) {
+    return agent.planAct(role, worldModel.get());
 }
 
 bool LabSession::idle(double seconds) {
@@ -175,7 +187,10 @@ void LabSession::take(const std::string& message) {
     double heading = 0.0;
     bool headingSeen = false;
     if (truth.headingDegrees) {
-        heading = *truth.headingDegrees;
+        // The server reports the head's heading; the body's is that less the head's pan.
+        heading = *truth.headingDegrees -
+                  static_cast<double>(
+                      worldModel->getSelf()->getBody()->getHead()->getNeckX().getJointAlphaValue());
         headingSeen = true;
     } else if (!truthSeen) {
         const Self* self = worldModel->getSelf();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "GroundTruth.h"
+#include "agent/AgentModel.h"
 
 class Command;
 class Connection;
@@ -28,6 +29,9 @@ public:
         bool trace = false;
         // Head pitch held during the trials (degrees); the player tilts it to -20.
         float headTilt = 0.0F;
+        // Sweep the head from side to side with the player's own head decision, instead of
+        // holding it straight.
+        bool headSweep = false;
     };
 
     // Where the robot is, as far as the lab can tell: field metres, degrees counter-clockwise
@@ -56,9 +60,12 @@ public:
     void placeBall(double x, double y);
 
     // One cycle: sends `command` (null sends the all-zero text, every joint at rest) with the
-    // head held straight, then waits for and takes in the next perceptor message. False when
-    // the server has gone. The command stays the caller's.
+    // head held straight (or sweeping, see Options), then waits for and takes in the next perceptor
+    // message. False when the server has gone. The command stays the caller's.
     bool step(Command* command);
+    // The player's own plan for `role` (1 goalkeeper, 2 defender, 3 attacker) in this cycle's
+    // world; the command is the caller's.
+    Command* planAct(int role);
     // Cycles with every joint at rest for `seconds` of simulation time.
     bool idle(double seconds);
 
@@ -88,6 +95,8 @@ private:
     std::unique_ptr<WorldModel> worldModel;
     std::unique_ptr<Command> lastSent;
     std::unique_ptr<Command> rest;
+    // Its head decision (when the head sweeps) and its plans are used, not its loop.
+    AgentModel agent;
     Pose current;
     GroundTruth::Position ball;
     bool truthSeen = false;

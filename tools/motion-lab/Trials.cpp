@@ -10,9 +10,15 @@
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "math/Point.h"
+#include "plans/DefencePlan.h"
+#include "plans/GoalKeeperPlan.h"
+#include "plans/OffensePlan.h"
 #include "skills/ConfigSkill.h"
 #include "skills/dash/BasicDash.h"
+#include "skills/dash/DashNormalGotoBall.h"
 #include "skills/dash/DashNormalGotoPoint.h"
+#include "skills/dive/LeftDiv.h"
+#include "skills/dive/RightDiv.h"
 #include "skills/kick/BasicKick.h"
 #include "skills/sidewalk/BasicSideWalk.h"
 #include "skills/standup/BasicStandUp.h"
@@ -44,6 +50,12 @@ void resetSkills() {
     Command::resetState();
     BasicDash::resetState();
     DashNormalGotoPoint::resetState();
+    DashNormalGotoBall::resetState();
+    LeftDiv::resetState();
+    RightDiv::resetState();
+    GoalKeeperPlan::resetState();
+    DefencePlan::resetState();
+    OffensePlan::resetState();
     BasicTurn::resetState();
     BasicKick::resetState();
     BasicSideWalk::resetState();
@@ -484,6 +496,63 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
     return result;
 }
 
+// The player's own plan for `role` with its head sweeping and tilted as in the game, from the
+// role's kick-off position (that of the shipped role files) with the ball on the centre spot.
+// Counts the falls (head below 0.25 m after standing) and the time spent down.
+Result game(int role, const LabSession::Options& options, double limit) {
+    struct Start {
+        double x;
+        double y;
+    };
+    static const Start starts[] = {{-14.0, 0.0}, {-9.0, 1.5}, {-2.0, -1.0}};
+    LabSession::Options asInGame = options;
+    asInGame.headSweep = true;
+    asInGame.headTilt = -20.0F;
+    const Start start = starts[role - 1];
+    Bench bench(asInGame, start.x, start.y, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    bench.session.placeBall(0.0, 0.0);
+    bench.mark();
+    int falls = 0;
+    bool down = false;
+    double downSeconds = 0.0;
+    double lastTime = bench.session.now();
+    while (bench.elapsed() < limit) {
+        const std::unique_ptr<Command> command(bench.session.planAct(role));
+        if (bench.trace) {
+            std::cout << "trace plan step " << ConfigSkill::getCurrentConfigStepNumber()
+                      << " fallen " << bench.session.world().isFallen() << "\n";
+        }
+        if (!bench.stepWatching(command.get())) {
+            return noServer();
+        }
+        if (bench.session.fallen()) {
+            falls += down ? 0 : 1;
+            down = true;
+            downSeconds += bench.session.now() - lastTime;
+        } else if (bench.session.standing()) {
+            down = false;
+        }
+        lastTime = bench.session.now();
+    }
+    Result result;
+    const double ballTravel = bench.session.ballX();
+    result.values = {{"falls", falls},
+                     {"down s", downSeconds},
+                     {"forward m", bench.forward()},
+                     {"sideways m", bench.leftward()},
+                     {"ball x m", ballTravel},
+                     {"time s", bench.elapsed()}};
+    // The attacker must also have got the ball moving towards the opponents' goal.
+    result.passed = falls == 0 && (role != 3 || ballTravel >= 1.0);
+    if (!result.passed) {
+        result.note = falls > 0 ? "fell " + std::to_string(falls) + " times" : "ball not kicked";
+    }
+    return result;
+}
+
 bool isTurn(const std::string& motion) {
     static const std::vector<std::string> sizes = {"40", "30", "25", "15", "10", "5"};
     for (const std::string& size : sizes) {
@@ -508,7 +577,8 @@ double Result::value(const std::string& name) const {
 std::vector<std::string> motions() {
     std::vector<std::string> all = {"Walk",          "ShortWalk",    "Stop",        "LeftSideWalk",
                                     "RightSideWalk", "FrontStandUp", "BackStandUp", "LeftKick",
-                                    "Style",         "dash-turn",    "dash-point"};
+                                    "Style",         "dash-turn",    "dash-point",  "goalkeeper",
+                                    "defender",      "attacker"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);
@@ -538,7 +608,11 @@ std::string target(const std::string& motion) {
         {"LeftKick", "ball at the left foot travels 4 m or more forward, no fall"},
         {"Style", "ends standing"},
         {"dash-turn", "the dash turns about (180 deg) within 8 s, no fall"},
-        {"dash-point", "the dash reaches a point 5 m away at 90 deg within 40 s, no fall"}};
+        {"dash-point", "the dash reaches a point 5 m away at 90 deg within 40 s, no fall"},
+        {"goalkeeper", "the player's goalkeeper plan from kick-off, no fall"},
+        {"defender", "the player's defender plan from kick-off, no fall"},
+        {"attacker",
+         "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"}};
     const auto found = targets.find(motion);
     if (found != targets.end()) {
         return found->second;
@@ -578,6 +652,10 @@ Result run(const std::string& motion, const LabSession::Options& options, int tr
     }
     if (isTurn(motion)) {
         return turn(motion, options, limit(6.0));
+    }
+    if (motion == "goalkeeper" || motion == "defender" || motion == "attacker") {
+        const int role = motion == "goalkeeper" ? 1 : motion == "defender" ? 2 : 3;
+        return game(role, options, limit(45.0));
     }
     Result unknown;
     unknown.note = "unknown motion";

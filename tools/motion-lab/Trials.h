@@ -23,7 +23,8 @@ struct Result {
 // The motions the lab knows: skill names ("Walk", "ShortWalk", "Stop", "LeftKick",
 // "LeftSideWalk", "RightSideWalk", "Style", "FrontStandUp", "BackStandUp", "TurnLeft40" ...)
 // and the dash trials "dash-turn" (about turn, at most 8 s) and "dash-point" (5 m away and
-// 90 degrees to the side, at most 40 s).
+// 90 degrees to the side, at most 40 s), and "goalkeeper", "defender" and "attacker": the
+// player's own plan for that role from kick-off, head sweeping as in the game.
 bool known(const std::string& motion);
 std::vector<std::string> motions();
 // The target the trial checks, in words.

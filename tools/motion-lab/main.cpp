@@ -10,6 +10,7 @@
 //     --seconds S          time limit of every trial instead of the motion's own
 //     --sync               send "(syn)" each cycle, for a server in agent sync mode
 //     --head-tilt DEG      head pitch held during the trials (0; the player uses -20)
+//     --head-sweep         sweep the head from side to side as the player does
 //     --trace              print the robot's pose whenever the server reports it
 //     --list               the motions and their targets
 //
@@ -32,7 +33,8 @@ namespace {
 
 int usage() {
     std::cerr << "usage: motion-lab [--host HOST] [--port N] [--monitor-port N] [--trials N]\n"
-                 "                  [--seconds S] [--sync] [--head-tilt DEG] [--trace] [--list]\n"
+                 "                  [--seconds S] [--sync] [--head-tilt DEG] [--head-sweep]\n"
+                 "                  [--trace] [--list]\n"
                  "                  MOTION...\n";
     return 2;
 }
@@ -105,6 +107,8 @@ int main(int argc, char** argv) {
             options.sync = true;
         } else if (arg == "--head-tilt" && hasValue) {
             options.headTilt = static_cast<float>(std::atof(argv[++i]));
+        } else if (arg == "--head-sweep") {
+            options.headSweep = true;
         } else if (arg == "--trace") {
             options.trace = true;
         } else if (arg == "--list") {
