@@ -72,6 +72,8 @@ public:
     int getSide() const { return side; }
     /// True when the largest vertical offset of a landmark seen last exceeds 6 metres.
     bool isFallen() const { return fallenValue > 6.0F; }
+    // The fall indicator itself: the largest |z| of a landmark seen (metres, camera frame).
+    float getFallenValue() const { return fallenValue; }
 
     /// The perceptor readers `update` dispatches to, usable one by one. Each checks its part
     /// of the message first and changes nothing (returning false, with a line on "Main") when

@@ -179,7 +179,7 @@ void LabSession::take(const std::string& message) {
                   << " | player: x " << worldModel->getSelf()->getPosition().getX() << " y "
                   << worldModel->getSelf()->getPosition().getY() << " heading "
                   << worldModel->getSelf()->getBodyDirection() << " fallen "
-                  << worldModel->isFallen() << "\n";
+                  << worldModel->isFallen() << " (" << worldModel->getFallenValue() << ")\n";
     }
     if (truth.ball) {
         ball = *truth.ball;

@@ -522,8 +522,12 @@ Result game(int role, const LabSession::Options& options, double limit) {
     while (bench.elapsed() < limit) {
         const std::unique_ptr<Command> command(bench.session.planAct(role));
         if (bench.trace) {
-            std::cout << "trace plan step " << ConfigSkill::getCurrentConfigStepNumber()
-                      << " fallen " << bench.session.world().isFallen() << "\n";
+            const std::string& doing = role == 1   ? GoalKeeperPlan::name
+                                       : role == 2 ? DefencePlan::name
+                                                   : OffensePlan::name;
+            std::cout << "trace plan " << (doing.empty() ? "-" : doing) << " step "
+                      << ConfigSkill::getCurrentConfigStepNumber() << " fallen "
+                      << bench.session.world().isFallen() << "\n";
         }
         if (!bench.stepWatching(command.get())) {
             return noServer();
