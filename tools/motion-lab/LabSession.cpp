@@ -6,6 +6,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "Angles.h"
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "utilities/net/Connection.h"
@@ -27,16 +28,6 @@ constexpr double kStandingHeadHeight = 0.40;
 constexpr float kHeadTarget = 0.0F;
 constexpr float kHeadSpeed = 7.0F;
 constexpr double kCycleSeconds = 0.02;
-
-double wrapDegrees(double angle) {
-    while (angle > 180.0) {
-        angle -= 360.0;
-    }
-    while (angle <= -180.0) {
-        angle += 360.0;
-    }
-    return angle;
-}
 
 std::string number(double value) {
     std::ostringstream out;

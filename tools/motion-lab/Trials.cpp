@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 
+#include "Angles.h"
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "math/Point.h"
@@ -32,16 +33,6 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 constexpr double kDegToRad = kPi / 180.0;
-
-double wrapDegrees(double angle) {
-    while (angle > 180.0) {
-        angle -= 360.0;
-    }
-    while (angle <= -180.0) {
-        angle += 360.0;
-    }
-    return angle;
-}
 
 // Every skill's class-wide state as at process start, so that trials do not depend on each
 // other.
