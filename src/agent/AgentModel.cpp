@@ -152,8 +152,7 @@ bool AgentModel::cycle() {
     Command* command = decide();
 
     // 4. Set the head: the speed left by the previous decision goes with this cycle's target.
-    const float speed = headSpeed;
-    setHead(command, speed, headDecision(world.get()));
+    pointHead(command, world.get());
 
     // 5. Send the effector text (not offline) and log it (always).
     send(command);
@@ -188,14 +187,19 @@ Command* AgentModel::decide() {
     return command;
 }
 
-void AgentModel::setHead(Command* command, float speed, float pan) {
+void AgentModel::pointHead(Command* command, const WorldModel* wm) {
+    const float speed = headSpeed;
+    setHead(command, wm, speed, headDecision(wm));
+}
+
+void AgentModel::setHead(Command* command, const WorldModel* wm, float speed, float pan) {
     command->getHeadCommand().getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(
         pan, speed, kHeadPrecision);
     command->getHeadCommand().getHingeJointCommand(1).setJointTargetAlphaAndVelocityValue(
         kHeadTilt, kHeadTiltSpeed, kHeadPrecision);
     command->setHeadJointsCommands();
     Debugger::message("Main", "AgentModel", __LINE__,
-                      "acting turn, gyro y " + Str(world->getSelf()->getGyroRate().y).getValue());
+                      "acting turn, gyro y " + Str(wm->getSelf()->getGyroRate().y).getValue());
 }
 
 void AgentModel::send(const Command* command) {

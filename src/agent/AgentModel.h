@@ -46,6 +46,10 @@ public:
     // when the measured pan enters [100, 130] or [-130, -100]; 0 while fallen. Sets the head
     // speed to 7 degrees per cycle.
     float headDecision(const WorldModel* world);
+    // Step 4 of the acting turn on `command`: the pan target of headDecision with the speed the
+    // previous decision left, the tilt held at -20 degrees. Also for tools that drive the head
+    // as the player does.
+    void pointHead(Command* command, const WorldModel* wm);
 
     // The head pan target of the current cycle, degrees.
     static float headValue;
@@ -72,7 +76,7 @@ private:
     // Steps of the turn, in the order cycle() calls them.
     bool receive();
     Command* decide();
-    void setHead(Command* command, float speed, float pan);
+    void setHead(Command* command, const WorldModel* wm, float speed, float pan);
     void send(const Command* command);
     void handOver(Command* command);
 

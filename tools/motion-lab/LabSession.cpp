@@ -23,8 +23,8 @@ constexpr double kBallRadius = 0.042;  // metres
 // Head heights (metres) below which the robot counts as fallen and above which as standing.
 constexpr double kFallenHeadHeight = 0.25;
 constexpr double kStandingHeadHeight = 0.40;
-// Head joints are held straight so that the reported head heading is the body's: degrees and
-// degrees per cycle.
+// The head held straight, unless it sweeps as the player's: pan target (degrees) and speed of
+// both head joints (degrees per cycle).
 constexpr float kHeadTarget = 0.0F;
 constexpr float kHeadSpeed = 7.0F;
 constexpr double kCycleSeconds = 0.02;
@@ -108,18 +108,15 @@ void LabSession::placeBall(double x, double y) {
 
 bool LabSession::step(Command* command) {
     Command* sending = command != nullptr ? command : rest.get();
-    float pan = kHeadTarget;
-    float panSpeed = kHeadSpeed;
     if (options.headSweep) {
-        // As the player does: the speed left by the previous decision goes with this target.
-        panSpeed = agent.getHeadSpeed();
-        pan = agent.headDecision(worldModel.get());
+        agent.pointHead(sending, worldModel.get());
+    } else {
+        sending->getHeadCommand().getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(
+            kHeadTarget, kHeadSpeed, 0.1F);
+        sending->getHeadCommand().getHingeJointCommand(1).setJointTargetAlphaAndVelocityValue(
+            options.headTilt, kHeadSpeed, 0.1F);
+        sending->setHeadJointsCommands();
     }
-    sending->getHeadCommand().getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(
-        pan, panSpeed, 0.1F);
-    sending->getHeadCommand().getHingeJointCommand(1).setJointTargetAlphaAndVelocityValue(
-        options.headTilt, kHeadSpeed, 0.1F);
-    sending->setHeadJointsCommands();
     player->sendMessage(sending->toString() + (options.sync ? "(syn)" : ""));
 
     // The command sent becomes the last one, as in the player's own loop.

@@ -29,8 +29,8 @@ public:
         bool trace = false;
         // Head pitch held during the trials (degrees); the player tilts it to -20.
         float headTilt = 0.0F;
-        // Sweep the head from side to side with the player's own head decision, instead of
-        // holding it straight.
+        // Drive the head as the player does (its own head step: the pan sweeping from side to
+        // side, the tilt at -20 degrees) instead of holding it; headTilt is then not used.
         bool headSweep = false;
     };
 

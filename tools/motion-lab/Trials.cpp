@@ -25,6 +25,7 @@
 #include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
 #include "skills/turn/BasicTurn.h"
+#include "utilities/config/Config.h"
 #include "worldmodel/WorldModel.h"
 
 namespace trials {
@@ -487,20 +488,24 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
     return result;
 }
 
-// The player's own plan for `role` with its head sweeping and tilted as in the game, from the
-// role's kick-off position (that of the shipped role files) with the ball on the centre spot.
+// The player's own plan for `role` with its head driven as in the game, from the role's
+// kick-off position (the "Beam" of its parameter file) with the ball on the centre spot.
 // Counts the falls (head below 0.25 m after standing) and the time spent down.
 Result game(int role, const LabSession::Options& options, double limit) {
-    struct Start {
-        double x;
-        double y;
+    static const char* const roleFiles[] = {"GoalKeeperParameters", "DefenceParameters",
+                                            "OffenseParameters"};
+    const ConfigValue& beam = config[roleFiles[role - 1]]["Initialize"]["Beam"];
+    if (beam.size() < 3) {
+        Result result;
+        result.note = std::string(roleFiles[role - 1]) + " has no Beam x y rotation";
+        return result;
+    }
+    const auto word = [&beam](unsigned int i) {
+        return static_cast<double>(beam[i].b_value(0.0F));
     };
-    static const Start starts[] = {{-14.0, 0.0}, {-9.0, 1.5}, {-2.0, -1.0}};
     LabSession::Options asInGame = options;
     asInGame.headSweep = true;
-    asInGame.headTilt = -20.0F;
-    const Start start = starts[role - 1];
-    Bench bench(asInGame, start.x, start.y, 0.0);
+    Bench bench(asInGame, word(0), word(1), word(2));
     if (!bench.ready) {
         return noServer();
     }

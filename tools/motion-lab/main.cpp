@@ -10,7 +10,7 @@
 //     --seconds S          time limit of every trial instead of the motion's own
 //     --sync               send "(syn)" each cycle, for a server in agent sync mode
 //     --head-tilt DEG      head pitch held during the trials (0; the player uses -20)
-//     --head-sweep         sweep the head from side to side as the player does
+//     --head-sweep         drive the head as the player does (sweeping, tilted -20)
 //     --trace              print the robot's pose whenever the server reports it
 //     --list               the motions and their targets
 //
