@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
+#include <vector>
 
 #include "RealServer.h"
 #include "Trials.h"
@@ -18,9 +20,16 @@
 
 namespace {
 
-// Ports of their own, so that a server already running on the standard ones does not matter.
-constexpr int kAgentPort = 3160;
-constexpr int kMonitorPort = 3260;
+// Ports of their own, so that a server already running on the standard ones does not matter,
+// and one pair per motion (agent 3160 + i, monitor 3260 + i for the i-th motion), so that ctest
+// running tests in parallel starts one server per motion instead of skipping all but one.
+constexpr int kFirstAgentPort = 3160;
+constexpr int kFirstMonitorPort = 3260;
+
+int motionIndex(const std::string& motion) {
+    const std::vector<std::string> all = trials::motions();
+    return static_cast<int>(std::find(all.begin(), all.end(), motion) - all.begin());
+}
 
 class MotionTest : public testing::TestWithParam<std::string> {};
 
@@ -29,15 +38,17 @@ TEST_P(MotionTest, MeetsItsTargetInOneTrial) {
     if (server.empty()) {
         GTEST_SKIP() << "rcssserver3d is not installed (not found on the PATH)";
     }
-    const int busy = realserver::connectLocal(kAgentPort);
+    const int agentPort = kFirstAgentPort + motionIndex(GetParam());
+    const int monitorPort = kFirstMonitorPort + motionIndex(GetParam());
+    const int busy = realserver::connectLocal(agentPort);
     if (busy >= 0) {
         close(busy);
-        GTEST_SKIP() << "port " << kAgentPort << " is already taken";
+        GTEST_SKIP() << "port " << agentPort << " is already taken";
     }
     support::ScratchDirectory dir;
-    const realserver::ServerProcess simulation(server, dir.path(), kAgentPort, kMonitorPort, true);
-    const int probe = realserver::connectWithin(kAgentPort, std::chrono::seconds(30));
-    ASSERT_GE(probe, 0) << "the server did not open port " << kAgentPort;
+    const realserver::ServerProcess simulation(server, dir.path(), agentPort, monitorPort, true);
+    const int probe = realserver::connectWithin(agentPort, std::chrono::seconds(30));
+    ASSERT_GE(probe, 0) << "the server did not open port " << agentPort;
     close(probe);
     // The player's start-up would not do more: the shipped Data tree, no log files.
     ASSERT_EQ(chdir(KORVEL_SOURCE_DIR), 0);
@@ -48,8 +59,8 @@ TEST_P(MotionTest, MeetsItsTargetInOneTrial) {
     logger.add("MainOff", new LogDevNull(), false);
 
     LabSession::Options options;
-    options.agentPort = kAgentPort;
-    options.monitorPort = kMonitorPort;
+    options.agentPort = agentPort;
+    options.monitorPort = monitorPort;
     options.sync = true;
     const trials::Result result = trials::run(GetParam(), options, 0);
     std::string measured;
