@@ -34,20 +34,6 @@ constexpr float kHeadStep = 7.0F;
 constexpr float kPanBandInner = 100.0F;
 constexpr float kPanBandOuter = 130.0F;
 
-// The role's parameter file for a uniform number; empty for a number without a role.
-std::string roleFile(int uniformNumber) {
-    switch (uniformNumber) {
-        case 1:
-            return "GoalKeeperParameters";
-        case 2:
-            return "DefenceParameters";
-        case 3:
-            return "OffenseParameters";
-        default:
-            return "";
-    }
-}
-
 int uniformNumber() {
     return config["ServerInitialize"]["Public"]["UniformNum"].asInt();
 }
@@ -215,6 +201,19 @@ void AgentModel::handOver(Command* command) {
                       "position " + Str(world->getSelf()->getPosition()).getValue());
     delete Share::lastCommand;
     Share::lastCommand = command;
+}
+
+std::string AgentModel::roleFile(int uniformNumber) {
+    switch (uniformNumber) {
+        case 1:
+            return "GoalKeeperParameters";
+        case 2:
+            return "DefenceParameters";
+        case 3:
+            return "OffenseParameters";
+        default:
+            return "";
+    }
 }
 
 void AgentModel::init(int uniformNumber, WorldModel* world) {

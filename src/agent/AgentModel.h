@@ -38,6 +38,9 @@ public:
     // Session start: scene, two receives, init, one receive, init again, then ten times one
     // receive and one beam. Sends nothing when the connection cannot be made.
     void init(int uniformNumber, WorldModel* world);
+    // The role's parameter file for a uniform number ("GoalKeeperParameters",
+    // "DefenceParameters", "OffenseParameters" for 1, 2, 3); empty for a number without a role.
+    static std::string roleFile(int uniformNumber);
 
     // The command of the role's plan for this cycle (1 goalkeeper, 2 defender, 3 attacker), owned
     // by the caller; null for any other role.

@@ -38,8 +38,9 @@ TEST_P(MotionTest, MeetsItsTargetInOneTrial) {
     if (server.empty()) {
         GTEST_SKIP() << "rcssserver3d is not installed (not found on the PATH)";
     }
-    const int agentPort = kFirstAgentPort + motionIndex(GetParam());
-    const int monitorPort = kFirstMonitorPort + motionIndex(GetParam());
+    const int index = motionIndex(GetParam());
+    const int agentPort = kFirstAgentPort + index;
+    const int monitorPort = kFirstMonitorPort + index;
     const int busy = realserver::connectLocal(agentPort);
     if (busy >= 0) {
         close(busy);

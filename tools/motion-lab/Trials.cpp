@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "Angles.h"
+#include "agent/AgentModel.h"
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "math/Point.h"
@@ -505,12 +506,11 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
 // kick-off position (the "Beam" of its parameter file) with the ball on the centre spot.
 // Counts the falls (head below 0.25 m after standing) and the time spent down.
 Result game(int role, const LabSession::Options& options, double limit) {
-    static const char* const roleFiles[] = {"GoalKeeperParameters", "DefenceParameters",
-                                            "OffenseParameters"};
-    const ConfigValue& beam = config[roleFiles[role - 1]]["Initialize"]["Beam"];
+    const std::string roleFile = AgentModel::roleFile(role);
+    const ConfigValue& beam = config[roleFile]["Initialize"]["Beam"];
     if (beam.size() < 3) {
         Result result;
-        result.note = std::string(roleFiles[role - 1]) + " has no Beam x y rotation";
+        result.note = roleFile + " has no Beam x y rotation";
         return result;
     }
     const auto word = [&beam](unsigned int i) {
