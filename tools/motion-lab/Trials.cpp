@@ -116,17 +116,21 @@ public:
             std::cout << "trace skill " << name << " step "
                       << ConfigSkill::getCurrentConfigStepNumber()
                       << (player.isFinished() ? " finished" : "");
-            // The leg joints still outside the key frame's precision: target - current, degrees.
-            for (int side = 0; side < 2; ++side) {
-                LegCommand& leg = side == 0 ? key->getLeftLegCommand() : key->getRightLegCommand();
-                for (int j = 0; j < 6; ++j) {
-                    const HingeJointCommand& joint = leg.getHingeJointCommand(j);
-                    const float error =
-                        joint.getJointTargetAlphaValue() - joint.getJointCurrentAlphaValue();
-                    if (std::fabs(error) > joint.getPrecision()) {
-                        std::cout << " " << (side == 0 ? "lle" : "rle") << j + 1 << " " << error;
-                    }
+            // The joints still outside the key frame's precision: target - current, degrees.
+            const auto holding = [](const char* name, int index, const HingeJointCommand& joint) {
+                const float error =
+                    joint.getJointTargetAlphaValue() - joint.getJointCurrentAlphaValue();
+                if (std::fabs(error) > joint.getPrecision()) {
+                    std::cout << " " << name << index + 1 << " " << error;
                 }
+            };
+            for (int j = 0; j < 6; ++j) {
+                holding("lle", j, key->getLeftLegCommand().getHingeJointCommand(j));
+                holding("rle", j, key->getRightLegCommand().getHingeJointCommand(j));
+            }
+            for (int j = 0; j < 4; ++j) {
+                holding("lae", j, key->getLeftArmCommand().getHingeJointCommand(j));
+                holding("rae", j, key->getRightArmCommand().getHingeJointCommand(j));
             }
             std::cout << "\n";
         }
@@ -337,6 +341,11 @@ std::unique_ptr<Command> tipOver(bool forwards, const Body* body) {
     for (LegCommand* leg : {&command->getLeftLegCommand(), &command->getRightLegCommand()}) {
         leg->getHingeJointCommand(2).setJointTargetAlphaAndVelocityValue(hip, 7.0F, 0.1F);
         leg->getHingeJointCommand(4).setJointTargetAlphaAndVelocityValue(ankle, 7.0F, 0.1F);
+    }
+    // Arms hanging down as in every standing skill, so that the robot lands as it would in a
+    // game and not propped up on arms held out in front.
+    for (ArmCommand* arm : {&command->getLeftArmCommand(), &command->getRightArmCommand()}) {
+        arm->getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(-90.0F, 7.0F, 0.1F);
     }
     return command;
 }
