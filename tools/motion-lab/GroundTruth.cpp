@@ -45,5 +45,14 @@ GroundTruth GroundTruth::read(const std::string& message) {
     if (readNumbers(message, "ballpos", 3, values)) {
         truth.ball = Position{values[0], values[1], values[2]};
     }
+    const size_t accelerometer = message.find("(ACC ");
+    if (accelerometer != std::string::npos &&
+        readNumbers(message.substr(accelerometer), "a", 3, values)) {
+        truth.acceleration = Position{values[0], values[1], values[2]};
+    }
+    const size_t gyroscope = message.find("(GYR ");
+    if (gyroscope != std::string::npos && readNumbers(message.substr(gyroscope), "rt", 3, values)) {
+        truth.rates = Position{values[0], values[1], values[2]};
+    }
     return truth;
 }

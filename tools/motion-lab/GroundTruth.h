@@ -16,6 +16,11 @@ struct GroundTruth {
     std::optional<Position> head;          // metres
     std::optional<double> headingDegrees;  // degrees
     std::optional<Position> ball;          // metres
+    // The torso's accelerometer, "(ACC (n torso) (a x y z))" (m/s^2, torso frame: x right,
+    // y forward, z up); standing still it reads about (0, 0, 9.81). Sent every cycle.
+    std::optional<Position> acceleration;
+    // The torso's gyroscope, "(GYR (n torso) (rt x y z))" (degrees per second, torso frame).
+    std::optional<Position> rates;
 
     // Reads the three lists from one perceptor message; absent or unreadable lists stay empty.
     static GroundTruth read(const std::string& message);

@@ -155,6 +155,9 @@ double LabSession::now() const {
 void LabSession::take(const std::string& message) {
     worldModel->update(message);
     const GroundTruth truth = GroundTruth::read(message);
+    if (truth.rates && truth.acceleration) {
+        tilt.update(*truth.rates, *truth.acceleration, kCycleSeconds);
+    }
     if (truth.head) {
         truthSeen = true;
         current.x = truth.head->x;
@@ -167,7 +170,15 @@ void LabSession::take(const std::string& message) {
                   << " | player: x " << worldModel->getSelf()->getPosition().getX() << " y "
                   << worldModel->getSelf()->getPosition().getY() << " heading "
                   << worldModel->getSelf()->getBodyDirection() << " fallen "
-                  << worldModel->isFallen() << " (" << worldModel->getFallenValue() << ")\n";
+                  << worldModel->isFallen() << " (" << worldModel->getFallenValue() << ")";
+        std::cout << " | torso forward " << tilt.forward() << " right " << tilt.right();
+        // Left side's pitch joints (degrees): hip, knee, ankle, shoulder.
+        const Body* body = worldModel->getSelf()->getBody();
+        std::cout << " | pitch hip " << body->getLeftLeg()->getHipY().getJointAlphaValue()
+                  << " knee " << body->getLeftLeg()->getKnee().getJointAlphaValue() << " ankle "
+                  << body->getLeftLeg()->getFootX().getJointAlphaValue() << " shoulder "
+                  << body->getLeftArm()->getHingeJoint(0).getJointAlphaValue();
+        std::cout << "\n";
     }
     if (truth.ball) {
         ball = *truth.ball;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "GroundTruth.h"
+#include "TorsoTilt.h"
 #include "agent/AgentModel.h"
 
 class Command;
@@ -101,4 +102,5 @@ private:
     GroundTruth::Position ball;
     bool truthSeen = false;
     bool headingKnown = false;
+    TorsoTilt tilt;
 };
