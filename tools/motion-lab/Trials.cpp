@@ -350,9 +350,14 @@ std::unique_ptr<Command> tipOver(bool forwards, const Body* body) {
     return command;
 }
 
-Result standUp(const std::string& skill, const LabSession::Options& options, double limit) {
+// Tips the robot over and plays the stand-up. The server repeats a trial from the same start
+// almost exactly, so each trial starts facing another way (37 degrees further round) and lies
+// a little longer (1 s plus 0.1 s per trial) before it gets up: the robot lands a little
+// differently every time, as it does in games.
+Result standUp(const std::string& skill, const LabSession::Options& options, int trial,
+               double limit) {
     const bool front = skill == "FrontStandUp";
-    Bench bench(options, 0.0, 0.0, 0.0);
+    Bench bench(options, 0.0, 0.0, wrapDegrees(37.0 * trial));
     if (!bench.ready) {
         return noServer();
     }
@@ -370,7 +375,7 @@ Result standUp(const std::string& skill, const LabSession::Options& options, dou
         result.note = "could not tip the robot over as wanted";
         return result;
     }
-    if (!bench.session.idle(1.0)) {
+    if (!bench.session.idle(1.0 + 0.1 * (trial % 10))) {
         return noServer();
     }
     ConfigSkill player;
@@ -658,7 +663,7 @@ Result run(const std::string& motion, const LabSession::Options& options, int tr
         return side(motion, options, limit(30.0));
     }
     if (motion == "FrontStandUp" || motion == "BackStandUp") {
-        return standUp(motion, options, limit(5.0));
+        return standUp(motion, options, trial, limit(5.0));
     }
     if (motion == "LeftKick") {
         return kick(options, limit(6.0));
