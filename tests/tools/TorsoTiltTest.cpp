@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "Angles.h"
 #include "GroundTruth.h"
 #include "TorsoTilt.h"
 
@@ -84,7 +85,7 @@ TEST(TorsoTiltTest, DriftingGyroscopeIsPulledBackToGravity) {
 TEST(TorsoTiltTest, SidewaysLeanComesFromGravity) {
     TorsoTilt tilt;
     const double g = 9.81;
-    const double lean = 20.0 * 3.14159265358979323846 / 180.0;
+    const double lean = 20.0 * kDegToRad;
     // Leaning right: gravity's reaction points to the torso's left.
     for (int i = 0; i < 200; ++i) {
         tilt.update(vec(0, 0, 0), vec(-g * std::sin(lean), 0, g * std::cos(lean)), kCycle);

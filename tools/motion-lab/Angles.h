@@ -1,5 +1,10 @@
 #pragma once
 
+#include <numbers>
+
+// Radians per degree.
+inline constexpr double kDegToRad = std::numbers::pi / 180.0;
+
 // An angle in degrees brought into (-180, 180].
 inline double wrapDegrees(double angle) {
     while (angle > 180.0) {

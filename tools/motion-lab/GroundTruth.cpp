@@ -4,10 +4,12 @@
 
 namespace {
 
-// The numbers after "(<name> " up to the closing parenthesis; false unless exactly `count`.
-bool readNumbers(const std::string& message, const char* name, int count, double* out) {
+// The numbers after the first "(<name> " at or after `from` up to the closing parenthesis;
+// false unless exactly `count`.
+bool readNumbers(const std::string& message, const char* name, int count, double* out,
+                 size_t from = 0) {
     const std::string opening = std::string("(") + name + " ";
-    const size_t at = message.find(opening);
+    const size_t at = message.find(opening, from);
     if (at == std::string::npos) {
         return false;
     }
@@ -46,12 +48,11 @@ GroundTruth GroundTruth::read(const std::string& message) {
         truth.ball = Position{values[0], values[1], values[2]};
     }
     const size_t accelerometer = message.find("(ACC ");
-    if (accelerometer != std::string::npos &&
-        readNumbers(message.substr(accelerometer), "a", 3, values)) {
+    if (accelerometer != std::string::npos && readNumbers(message, "a", 3, values, accelerometer)) {
         truth.acceleration = Position{values[0], values[1], values[2]};
     }
     const size_t gyroscope = message.find("(GYR ");
-    if (gyroscope != std::string::npos && readNumbers(message.substr(gyroscope), "rt", 3, values)) {
+    if (gyroscope != std::string::npos && readNumbers(message, "rt", 3, values, gyroscope)) {
         truth.rates = Position{values[0], values[1], values[2]};
     }
     return truth;

@@ -9,7 +9,6 @@ namespace {
 constexpr double kGravity = 9.81;              // m/s^2
 constexpr double kTrustedGravityBand = 0.15;   // accelerometer trusted within 15 % of 1 g
 constexpr double kAccelerometerWeight = 0.05;  // share of the gravity tilt taken per cycle
-constexpr double kRadToDeg = 180.0 / 3.14159265358979323846;
 
 }  // namespace
 
@@ -18,9 +17,9 @@ void TorsoTilt::update(const GroundTruth::Position& rates,
     const GroundTruth::Position& a = acceleration;
     const double magnitude = std::sqrt(a.x * a.x + a.y * a.y + a.z * a.z);
     const bool trusted = std::fabs(magnitude - kGravity) < kTrustedGravityBand * kGravity;
-    const double gravityForward = std::atan2(-a.y, a.z) * kRadToDeg;
+    const double gravityForward = std::atan2(-a.y, a.z) / kDegToRad;
     // Sideways against the horizontal, so that it stays meaningful for a robot lying down.
-    const double gravityRight = std::atan2(-a.x, std::hypot(a.y, a.z)) * kRadToDeg;
+    const double gravityRight = std::atan2(-a.x, std::hypot(a.y, a.z)) / kDegToRad;
     if (!started) {
         // The server reports zero acceleration before its first physics step.
         if (!trusted) {

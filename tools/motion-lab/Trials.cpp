@@ -6,6 +6,7 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <numbers>
 
 #include "Angles.h"
 #include "agent/AgentModel.h"
@@ -33,8 +34,7 @@ namespace trials {
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kDegToRad = kPi / 180.0;
+constexpr double kPi = std::numbers::pi;
 
 // Every skill's class-wide state as at process start, so that trials do not depend on each
 // other.
