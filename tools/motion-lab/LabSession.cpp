@@ -55,7 +55,6 @@ bool LabSession::connect() {
     }
     worldModel = std::make_unique<WorldModel>();
     Body restBody;
-    rest = std::make_unique<Command>(&restBody);
     lastSent = std::make_unique<Command>(&restBody);
     worldModel->setSelf()->setLastCommand(lastSent.get());
     delete Share::lastCommand;
@@ -107,7 +106,14 @@ void LabSession::placeBall(double x, double y) {
 }
 
 bool LabSession::step(Command* command) {
-    Command* sending = command != nullptr ? command : rest.get();
+    // Idle cycles send every joint at rest; the idle command is built from the perceived body
+    // so that a head target set on it is approached from where the head really is (from a
+    // zero body the head would run on into its stops).
+    std::unique_ptr<Command> idle;
+    if (command == nullptr) {
+        idle = std::make_unique<Command>(worldModel->getSelf()->getBody());
+    }
+    Command* sending = command != nullptr ? command : idle.get();
     if (options.headSweep) {
         agent.pointHead(sending, worldModel.get());
     } else {
@@ -178,6 +184,9 @@ void LabSession::take(const std::string& message) {
                   << " knee " << body->getLeftLeg()->getKnee().getJointAlphaValue() << " ankle "
                   << body->getLeftLeg()->getFootX().getJointAlphaValue() << " shoulder "
                   << body->getLeftArm()->getHingeJoint(0).getJointAlphaValue();
+        // The left foot's pressure point along the foot (metres, + towards the toes): the
+        // player's stand-up chooses front or back by its sign.
+        std::cout << " | left foot contact " << body->getLeftLeg()->getFRPContactPoint().getY();
         std::cout << "\n";
     }
     if (truth.ball) {

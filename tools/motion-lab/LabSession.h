@@ -95,7 +95,6 @@ private:
     std::unique_ptr<Connection> monitor;
     std::unique_ptr<WorldModel> worldModel;
     std::unique_ptr<Command> lastSent;
-    std::unique_ptr<Command> rest;
     // Its head decision (when the head sweeps) and its plans are used, not its loop.
     AgentModel agent;
     Pose current;

@@ -77,8 +77,15 @@ public:
             // standing on it changed the first trial after every server start (TurnLeft5 turned
             // 9.2 degrees instead of 4.4). Trials that use the ball place it themselves.
             session.placeBall(kBallAsideX, kBallAsideY);
-            session.placeRobot(x, y, heading);
-            ready = session.idle(1.0);
+            // On a freshly started server the first placement sometimes takes only after the
+            // robot has been dropped from high up, and it lands lying down: place it again.
+            for (int attempt = 0; ready && attempt < 3; ++attempt) {
+                session.placeRobot(x, y, heading);
+                ready = session.idle(1.0) && settle();
+                if (session.standing()) {
+                    break;
+                }
+            }
         }
         if (ready && stance) {
             ConfigSkill player;
@@ -86,6 +93,24 @@ public:
         }
         origin = session.pose();
         startTime = session.now();
+    }
+
+    // Idles until the head has stayed at one height for half a second (at most 3 s more), so
+    // that no trial begins with the robot still dropping.
+    bool settle() {
+        const double until = session.now() + 3.0;
+        double since = session.now();
+        double height = session.pose().headHeight;
+        while (session.now() < until && session.now() - since < 0.5) {
+            if (!session.step(nullptr)) {
+                return false;
+            }
+            if (std::fabs(session.pose().headHeight - height) > 0.01) {
+                height = session.pose().headHeight;
+                since = session.now();
+            }
+        }
+        return true;
     }
 
     // Starts the clock and the origin afresh from where the robot is now.
@@ -268,6 +293,52 @@ Result stop(const LabSession::Options& options, int trial, double limit) {
     result.passed = bench.fellAt < 0.0 && stillAt >= 0.0 && stillAt <= 1.0;
     if (!result.passed && result.note.empty()) {
         result.note = stillAt < 0.0 ? "never still" : "still too late";
+    }
+    return result;
+}
+
+// The player starts a stand-up whenever its fall indicator fires, and that indicator also fires
+// on a robot that is up and walking (far landmarks seen with the head tilted down). Walks for a
+// while (0.13 s longer in each trial, as for "Stop"), plays "FrontStandUp" and "Stop" through
+// as the player does, and looks whether the robot is still, or again, on its feet.
+Result standUpWhileWalking(const LabSession::Options& options, int trial, double limit) {
+    Bench bench(options, -6.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    ConfigSkill player;
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    const double walkFor = 2.0 + 0.13 * trial;
+    bench.mark();
+    while (bench.elapsed() < walkFor) {
+        if (!bench.play(player, "Walk")) {
+            return noServer();
+        }
+    }
+    bench.mark();
+    double lowest = bench.session.pose().headHeight;
+    bool played = true;
+    for (const char* skill : {"FrontStandUp", "Stop"}) {
+        ConfigSkill::setCurrentConfigStepNumber(0);
+        while (played && bench.elapsed() < limit) {
+            played = bench.play(player, skill);
+            lowest = std::min(lowest, bench.session.pose().headHeight);
+            if (player.isFinished()) {
+                break;
+            }
+        }
+    }
+    if (!played || !bench.session.idle(1.0)) {
+        return noServer();
+    }
+    Result result;
+    result.values = {{"walked s", walkFor},
+                     {"time s", bench.elapsed()},
+                     {"lowest head m", lowest},
+                     {"head m", bench.session.pose().headHeight}};
+    result.passed = bench.session.standing();
+    if (!result.passed) {
+        result.note = "down at the end";
     }
     return result;
 }
@@ -602,10 +673,10 @@ double Result::value(const std::string& name) const {
 }
 
 std::vector<std::string> motions() {
-    std::vector<std::string> all = {"Walk",          "ShortWalk",    "Stop",        "LeftSideWalk",
-                                    "RightSideWalk", "FrontStandUp", "BackStandUp", "LeftKick",
-                                    "Style",         "dash-turn",    "dash-point",  "goalkeeper",
-                                    "defender",      "attacker"};
+    std::vector<std::string> all = {
+        "Walk",         "ShortWalk",   "Stop",     "LeftSideWalk", "RightSideWalk",
+        "FrontStandUp", "BackStandUp", "LeftKick", "Style",        "dash-turn",
+        "dash-point",   "goalkeeper",  "defender", "attacker",     "standup-walking"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);
@@ -638,8 +709,9 @@ std::string target(const std::string& motion) {
         {"dash-point", "the dash reaches a point 5 m away at 90 deg within 40 s, no fall"},
         {"goalkeeper", "the player's goalkeeper plan from kick-off, no fall"},
         {"defender", "the player's defender plan from kick-off, no fall"},
-        {"attacker",
-         "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"}};
+        {"attacker", "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"},
+        {"standup-walking",
+         "FrontStandUp and Stop played by a walking robot (a false fall alarm): ends standing"}};
     const auto found = targets.find(motion);
     if (found != targets.end()) {
         return found->second;
@@ -676,6 +748,9 @@ Result run(const std::string& motion, const LabSession::Options& options, int tr
     }
     if (motion == "dash-point") {
         return dash(false, options, limit(60.0));
+    }
+    if (motion == "standup-walking") {
+        return standUpWhileWalking(options, trial, limit(12.0));
     }
     if (isTurn(motion)) {
         return turn(motion, options, limit(6.0));
