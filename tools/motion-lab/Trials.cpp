@@ -161,6 +161,18 @@ public:
         }
         return stepWatching(&copy);
     }
+    // Walks from the first step of "Walk" for `seconds` from now (less if the robot falls and
+    // `untilFall`); false when the server has gone.
+    bool walkFor(ConfigSkill& player, double seconds, bool untilFall) {
+        ConfigSkill::setCurrentConfigStepNumber(0);
+        mark();
+        while (elapsed() < seconds && !(untilFall && fellAt >= 0.0)) {
+            if (!play(player, "Walk")) {
+                return false;
+            }
+        }
+        return true;
+    }
     // Plays `name` from its first step until it has run to its end (or `limit` seconds).
     bool playThrough(ConfigSkill& player, const std::string& name, double limit) {
         ConfigSkill::setCurrentConfigStepNumber(0);
@@ -240,22 +252,23 @@ Result walk(const std::string& skill, double distance, double limit, double minS
     return result;
 }
 
-// Walks for a while (0.13 s longer in each trial: the gait cycle takes about 0.75 s, so that
-// every six trials "Stop" meets the gait in each of its phases), then plays "Stop" and times how
-// long the robot takes to stand still.
+// How long trial `trial` walks before it stops or stands up: 0.13 s longer in each trial, so
+// that with a gait cycle of about 0.75 s every six trials meet the gait in each of its phases.
+double walkTime(int trial) {
+    return 2.0 + 0.13 * trial;
+}
+
+// Walks for a while (walkTime), then plays "Stop" and times how long the robot takes to stand
+// still.
 Result stop(const LabSession::Options& options, int trial, double limit) {
     Bench bench(options, -6.0, 0.0, 0.0);
     if (!bench.ready) {
         return noServer();
     }
     ConfigSkill player;
-    ConfigSkill::setCurrentConfigStepNumber(0);
-    const double walkFor = 2.0 + 0.13 * trial;
-    bench.mark();
-    while (bench.elapsed() < walkFor && bench.fellAt < 0.0) {
-        if (!bench.play(player, "Walk")) {
-            return noServer();
-        }
+    const double walkFor = walkTime(trial);
+    if (!bench.walkFor(player, walkFor, true)) {
+        return noServer();
     }
     ConfigSkill::setCurrentConfigStepNumber(0);
     bench.mark();
@@ -299,21 +312,17 @@ Result stop(const LabSession::Options& options, int trial, double limit) {
 
 // The player starts a stand-up whenever its fall indicator fires, and that indicator also fires
 // on a robot that is up and walking (far landmarks seen with the head tilted down). Walks for a
-// while (0.13 s longer in each trial, as for "Stop"), plays "FrontStandUp" and "Stop" through
-// as the player does, and looks whether the robot is still, or again, on its feet.
+// while (walkTime), plays "FrontStandUp" and "Stop" through as the player does, and looks
+// whether the robot is still, or again, on its feet.
 Result standUpWhileWalking(const LabSession::Options& options, int trial, double limit) {
     Bench bench(options, -6.0, 0.0, 0.0);
     if (!bench.ready) {
         return noServer();
     }
     ConfigSkill player;
-    ConfigSkill::setCurrentConfigStepNumber(0);
-    const double walkFor = 2.0 + 0.13 * trial;
-    bench.mark();
-    while (bench.elapsed() < walkFor) {
-        if (!bench.play(player, "Walk")) {
-            return noServer();
-        }
+    const double walkFor = walkTime(trial);
+    if (!bench.walkFor(player, walkFor, false)) {
+        return noServer();
     }
     bench.mark();
     double lowest = bench.session.pose().headHeight;
