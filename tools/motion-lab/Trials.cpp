@@ -77,8 +77,8 @@ public:
             // standing on it changed the first trial after every server start (TurnLeft5 turned
             // 9.2 degrees instead of 4.4). Trials that use the ball place it themselves.
             session.placeBall(kBallAsideX, kBallAsideY);
-            // On a freshly started server the first placement sometimes takes only after the
-            // robot has been dropped from high up, and it lands lying down: place it again.
+            // A robot that has come to rest lying down (the placement did not take and it was
+            // dropped, or it toppled on landing) is placed again.
             for (int attempt = 0; ready && attempt < 3; ++attempt) {
                 session.placeRobot(x, y, heading);
                 ready = session.idle(1.0) && settle();
