@@ -253,7 +253,8 @@ Result walk(const std::string& skill, double distance, double limit, double minS
 }
 
 // How long trial `trial` walks before it stops or stands up: 0.13 s longer in each trial, so
-// that with a gait cycle of about 0.75 s every six trials meet the gait in each of its phases.
+// that with the walk's gait cycle of 0.64 s every five trials meet the gait in each of its
+// phases.
 double walkTime(int trial) {
     return 2.0 + 0.13 * trial;
 }
