@@ -57,8 +57,6 @@ def gait(height, half_step, sway, lift, lean, frames, cycles, precision, phase, 
 
 WALK = dict(height=0.189, half_step=0.0376, sway=0.0196, lift=0.0167, lean=-0.0329, frames=8,
             cycles=3, precision=1.1935, phase=-0.3617, yaw=0.0)
-# The short walk is the same gait; it is already slow enough to arrive on a point.
-SHORT = dict(WALK)
 
 write(out + '/Stop.conf', """Stop: brings the robot into the standing stance (knees bent 50 degrees, feet flat) and holds
 it: one key frame whose speeds bring every joint from the straight-legged pose in 17 cycles, so
@@ -84,8 +82,8 @@ heading drift 19.6 deg per 5 m (worst 26.7), wandering to the left. In most vari
 0.044 m and longer walked less far in 12 s or fell, and 2 cycles a frame walked less far.
 The previous gait, one limb at a time in six key frames, managed 0.096 m/s.""" % WALK, steps, loop=loop, start=ZERO)
 
-steps, loop = gait(**SHORT)
+# The short walk is the same gait; it is already slow enough to arrive on a point.
 write(out + '/ShortWalk.conf', """ShortWalk: the walk for the last half metre to a target, the same gait as Walk (%(half_step).3f m
 steps). Achieved with motion-lab on the simulation server in sync mode (5 trials over 2 m):
-0.180 m/s (worst 0.180), no fall.""" % SHORT,
+0.180 m/s (worst 0.180), no fall.""" % WALK,
       steps, loop=loop, start=ZERO)
