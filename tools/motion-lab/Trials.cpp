@@ -313,8 +313,9 @@ Result stop(const LabSession::Options& options, int trial, double limit) {
 
 // The player starts a stand-up whenever its fall indicator fires, and that indicator also fires
 // on a robot that is up and walking (far landmarks seen with the head tilted down). Walks for a
-// while (walkTime), plays "FrontStandUp" and "Stop" through as the player does, and looks
-// whether the robot is still, or again, on its feet.
+// while (walkTime), then runs the player's own stand-up through to its end: "FrontStandUp" or
+// "BackStandUp" as the foot's contact point chooses, then "Stop". Looks whether the robot is
+// still, or again, on its feet.
 Result standUpWhileWalking(const LabSession::Options& options, int trial, double limit) {
     Bench bench(options, -6.0, 0.0, 0.0);
     if (!bench.ready) {
@@ -327,22 +328,29 @@ Result standUpWhileWalking(const LabSession::Options& options, int trial, double
     }
     bench.mark();
     double lowest = bench.session.pose().headHeight;
-    bool played = true;
-    for (const char* skill : {"FrontStandUp", "Stop"}) {
-        ConfigSkill::setCurrentConfigStepNumber(0);
-        while (played && bench.elapsed() < limit) {
-            played = bench.play(player, skill);
-            lowest = std::min(lowest, bench.session.pose().headHeight);
-            if (player.isFinished()) {
-                break;
-            }
+    BasicStandUp::resetState();
+    bool start = true;
+    bool back = false;
+    bool finished = false;
+    while (!finished && bench.elapsed() < limit) {
+        BasicStandUp standUp(bench.session.world(), start, false);
+        if (start) {
+            back = BasicStandUp::getConfigSkill().getCurrentSkillName() == "BackStandUp";
+            start = false;
         }
+        const std::unique_ptr<Command> command(standUp.getCommand());
+        if (!bench.stepWatching(command.get())) {
+            return noServer();
+        }
+        lowest = std::min(lowest, bench.session.pose().headHeight);
+        finished = standUp.isFinished();
     }
-    if (!played || !bench.session.idle(1.0)) {
+    if (!bench.session.idle(1.0)) {
         return noServer();
     }
     Result result;
     result.values = {{"walked s", walkFor},
+                     {"back", back ? 1.0 : 0.0},
                      {"time s", bench.elapsed()},
                      {"lowest head m", lowest},
                      {"head m", bench.session.pose().headHeight}};
@@ -721,7 +729,8 @@ std::string target(const std::string& motion) {
         {"defender", "the player's defender plan from kick-off, no fall"},
         {"attacker", "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"},
         {"standup-walking",
-         "FrontStandUp and Stop played by a walking robot (a false fall alarm): ends standing"}};
+         "the player's stand-up and Stop played by a walking robot (a false fall alarm): ends "
+         "standing"}};
     const auto found = targets.find(motion);
     if (found != targets.end()) {
         return found->second;
