@@ -112,4 +112,5 @@ robot that plays it (the fall rule fires on far landmarks) sits down, lies back 
 same way. Tuned on the sync-mode server with the motion lab (tools/keyframes/getup.py tells
 how). Measured with motion-lab over 10 trials, each from another heading and after lying a
 little longer: standing after 4.26-4.32 s in 10 of 10 (3 of 3 in real time). Played by a
-standing robot it ends standing after about 5 s (3 of 3, and 2 of 2 in real time).""", back, loop=1, start=ZERO)
+standing robot it ends standing after about 5 s (3 of 3, and 2 of 2 in real time).""", back,
+      loop=1, start=ZERO)

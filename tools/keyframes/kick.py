@@ -29,13 +29,12 @@ KICK = dict(height=0.203, sway=0.0664, lift=0.02, lean=0.0088, cycles=13,
 
 def kick(height, sway, lift, lean, cycles, draw, draw_cycles, swing, swing_cycles,
          swing_precision, brace):
-    def both(lx, lh):
+    def both(lx, lh, rx=0.0):
         return merge(ARMS, {'he1': 0.0, 'he2': 0.0},
-                     foot('l', lx + lean, sway, lh), foot('r', lean, sway, height))
+                     foot('l', lx + lean, sway, lh), foot('r', rx + lean, sway, height))
 
     def left_leg(hip, knee, ankle, right_ahead=0.0):
-        pose = both(0, height - lift)
-        pose.update(foot('r', lean + right_ahead, sway, height))
+        pose = both(0, height - lift, right_ahead)
         pose['lle3'], pose['lle4'], pose['lle5'] = hip, knee, ankle
         return pose
 
