@@ -62,7 +62,7 @@ at the motors' top speed (7 deg/cycle), so that the foot meets the ball in mid-s
 motion-lab on the simulation server in sync mode by random searches over the standing height,
 sway, lift and lean and the joint angles of the draw-back and the swing (score: ball travel
 forward without a fall; the searches levelled off at 3.9-4.0 m); then the standing foot set
-1.2 cm further ahead of the hips during the swing, tried by hand at 0.5-2.5 cm. Achieved (5
+1.2 cm further ahead of the hips during the swing, tried by hand at 0.5-2 cm. Achieved (5
 trials in sync mode, 3 in real time; ball 0.16 m ahead of the head and 0.055 m to its left):
 4.09 m forward, 0.43 m to the right, no fall. The earlier kick, which moved the foot rather than
 the joints, reached 2.85 m.""",
