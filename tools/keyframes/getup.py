@@ -25,7 +25,7 @@ over the feet (0 of 4); the first steps' lengths can change by a few cycles (4 o
 """
 import sys
 
-from kf import ALL, ZERO, Step, leg, merge, pose, write
+from kf import ALL, MAXSPEED, ZERO, Step, leg, merge, pose, write
 from stance import STANCE
 
 data = sys.argv[1] if len(sys.argv) > 1 else 'Data'
@@ -83,7 +83,7 @@ each from another heading and after lying a little longer: standing after 4.06-4
       loop=1, start=ZERO)
 
 # Every joint at the motors' top speed: the first step starts from wherever the fall left them.
-TOP_SPEED = {j: 7.0 for j in ALL}
+TOP_SPEED = {j: MAXSPEED for j in ALL}
 
 back = [
     Step(pose(**arms(-120), **legs(-20, -130, 75)), 12, precision=4, speeds=TOP_SPEED,
