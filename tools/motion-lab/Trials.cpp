@@ -607,7 +607,8 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
 
 // The player's own plan for `role` with its head driven as in the game, from the role's
 // kick-off position (the "Beam" of its parameter file) with the ball on the centre spot.
-// Counts the falls (head below 0.25 m after standing) and the time spent down.
+// Counts the falls (head below 0.25 m after standing), the time spent down and the stand-ups the
+// plan began.
 Result game(int role, const LabSession::Options& options, double limit) {
     const std::string roleFile = AgentModel::roleFile(role);
     const ConfigValue& beam = config[roleFile]["Initialize"]["Beam"];
@@ -631,12 +632,22 @@ Result game(int role, const LabSession::Options& options, double limit) {
     bool down = false;
     double downSeconds = 0.0;
     double lastTime = bench.session.now();
+    // Stand-ups the plan began, and how many of them on a robot that was on its feet: the fall
+    // indicator also fires on far landmarks.
+    int standUps = 0;
+    int standUpsOnFeet = 0;
+    const std::string& doing = role == 1   ? GoalKeeperPlan::name
+                               : role == 2 ? DefencePlan::name
+                                           : OffensePlan::name;
     while (bench.elapsed() < limit) {
+        const bool wasStandingUp = doing == "standup";
+        const bool onFeet = bench.session.standing();
         const std::unique_ptr<Command> command(bench.session.planAct(role));
+        if (!wasStandingUp && doing == "standup") {
+            ++standUps;
+            standUpsOnFeet += onFeet ? 1 : 0;
+        }
         if (bench.trace) {
-            const std::string& doing = role == 1   ? GoalKeeperPlan::name
-                                       : role == 2 ? DefencePlan::name
-                                                   : OffensePlan::name;
             std::cout << "trace plan " << (doing.empty() ? "-" : doing) << " step "
                       << ConfigSkill::getCurrentConfigStepNumber() << " fallen "
                       << bench.session.world().isFallen() << "\n";
@@ -657,6 +668,8 @@ Result game(int role, const LabSession::Options& options, double limit) {
     const double ballTravel = bench.session.ballX();
     result.values = {{"falls", falls},
                      {"down s", downSeconds},
+                     {"stand-ups", standUps},
+                     {"on feet", standUpsOnFeet},
                      {"forward m", bench.forward()},
                      {"sideways m", bench.leftward()},
                      {"ball x m", ballTravel},
