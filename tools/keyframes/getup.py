@@ -27,7 +27,7 @@ over the feet (0 of 4); the first steps' lengths can change by a few cycles (4 o
 import sys
 
 from kf import ALL, MAXSPEED, ZERO, Step, leg, merge, pose, write
-from stance import STANCE
+from stance import K0, P0, STANCE
 
 data = sys.argv[1] if len(sys.argv) > 1 else 'Data'
 
@@ -53,7 +53,7 @@ ARMS_BACK = {'lae1': 5.0, 'rae1': 5.0}
 # The legs keep the stance's bend while the arms come round: 0.4 s quicker than with straight
 # legs (3.7 s instead of 4.1 s from lying face down), and a robot that is still on its feet
 # does not straighten them at speed (which tipped a walking robot over backwards).
-KNEES_BENT = legs(25, -50, 25)
+KNEES_BENT = legs(P0, K0, -(P0 + K0))
 ALL_FOURS = pose(**arms(0), **legs(90, -130, 74, yaw_pitch=-60))
 
 front = [
