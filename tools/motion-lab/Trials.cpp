@@ -562,8 +562,14 @@ Result style(const LabSession::Options& options, double limit) {
 }
 
 // The dash towards a point: behind the robot (the about turn) or 5 m away at 90 degrees.
+// The dash aims with the player's own position and heading, which come from the landmarks in
+// view, and the lab holds the head still. From the centre spot a robot facing a side line sees
+// at most one corner flag (they lie 56 degrees off its line of sight, on the edge of the
+// camera's 120 degree field), its position freezes and it walks past the point; so the walk to
+// the point starts 5 m from the centre line's middle, from where both far corners stay in view
+// (45 to 56 degrees off) all the way.
 Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
-    Bench bench(options, 0.0, 0.0, 0.0);
+    Bench bench(options, 0.0, aboutTurn ? 0.0 : -5.0, 0.0);
     if (!bench.ready) {
         return noServer();
     }
@@ -580,6 +586,11 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
         std::unique_ptr<Command> command(step.getCommand());
         if (!bench.stepWatching(command.get())) {
             return noServer();
+        }
+        if (bench.trace) {
+            std::cout << "trace dash " << BasicDash::getConfigSkill().getCurrentSkillName()
+                      << " turn " << BasicTurn::getConfigSkill().getCurrentSkillName()
+                      << " turning " << DashNormalGotoPoint::isActionBoolean() << "\n";
         }
         if (aboutTurn && std::fabs(wrapDegrees(bench.turned() - 180.0)) < 20.0) {
             doneAt = bench.elapsed();
