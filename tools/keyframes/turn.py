@@ -142,14 +142,14 @@ def leg_pose(side, yaw=0.0, shift=0.0, lift=0.0, back=0.0):
 SIZES = {
     n: dict(yaw=y, lean=0.04, lift=0.03, spread=0.01, split=0.5, back=0.02, ease=0.7,
             t=(12, 6, 8, 6, 15, 6, 10, 6, 16))
-    for n, y in ((40, 60.0), (30, 32.0), (25, 27.0), (15, 15.0), (10, 8.0), (5, 7.5))
+    for n, y in ((40, 70.0), (30, 32.0), (25, 27.0), (15, 15.0), (10, 8.0), (5, 7.5))
 }
 PRECISION = 3.0
 
 # Measured turn (degrees, 5 trials each, motion lab, sync-mode server, from the stance and
 # followed by Stop): every trial of a file turned the same on the deterministic server.
-RESULTS = {40: 44.43, 30: 29.93, 25: 25.61, 15: 14.42, 10: 10.77, 5: 4.38}
-TRIAL_SECONDS = {40: 2.50, 30: 2.44, 25: 2.40, 15: 2.42, 10: 2.28, 5: 2.27}
+RESULTS = {40: 48.26, 30: 29.93, 25: 25.61, 15: 14.42, 10: 10.77, 5: 4.38}
+TRIAL_SECONDS = {40: 2.38, 30: 2.44, 25: 2.40, 15: 2.42, 10: 2.28, 5: 2.27}
 
 
 def mirror(p):
@@ -225,6 +225,11 @@ def header(side, n):
         text += ('Achieved: turned %.1f degrees in every trial (%+.0f %%), no fall, ends standing; the\n'
                  'trial (turn, Stop, 0.5 s still) took %.2f s.\n'
                  % (RESULTS[n], 100 * (RESULTS[n] - n) / n, TRIAL_SECONDS[n]))
+    if n == 40:
+        text += ('The dash turns in steps of this size. Its about turn (a point 3 m behind, from standing)\n'
+                 'was done, within 20 degrees, after 6.76-7.13 s in 14 of 17 trials and after 9.3-10.3 s in\n'
+                 'the other three, no fall (with the hip yaw setting 60, turning 44.4 degrees: 9.3 s). The\n'
+                 'turn is very sensitive to the setting: 66 fell, 68 and 74 turned 58.7 and 59.2 degrees.\n')
     return text
 
 
