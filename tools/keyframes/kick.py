@@ -9,7 +9,7 @@ draw-back and the swing set the kicking leg's joints.
 """
 import sys
 
-from kf import Step, merge, write
+from kf import MAXSPEED, Step, merge, write
 from legik import foot
 from stance import ARMS, STANCE
 
@@ -49,7 +49,7 @@ def kick(height, sway, lift, lean, cycles, draw, draw_cycles, swing, swing_cycle
         Step(both(0, h - lift), cycles, precision=3, note='lift the left foot'),
         Step(left_leg(*draw), draw_cycles, precision=3, note='draw it back, knee bent'),
         Step(left_leg(*swing, right_ahead=brace), swing_cycles, precision=swing_precision,
-             note='swing through the ball', speeds={'lle3': 7.0, 'lle4': 7.0, 'lle5': 7.0}),
+             note='swing through the ball', speeds={j: MAXSPEED for j in ('lle3', 'lle4', 'lle5')}),
         Step(both(0, h - lift), cycles, precision=3, note='bring it back'),
         Step(both(0, h), cycles, precision=3, note='put it down'),
         Step(middle(), cycles, precision=2.5, note='weight back to the middle'),
