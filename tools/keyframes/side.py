@@ -129,7 +129,7 @@ MEASURED = {
     'LeftSideWalk': ('0 of 5 reach the 2 m target: 0.052 m/s mean (0.046 worst), 1.47 m sideways in\n'
                      '30 s (1.39 worst), 1 of 5 fell (after 24 s); turns clockwise -24 deg mean (-44\n'
                      'worst). The trailing hip yaw of -3.1 degrees (found by a random search over\n'
-                     'all the parameters above, 40 pairs of trials) halved the turning: without it\n'
+                     'the sheet\'s parameters, about 40 candidates) halved the turning: without it\n'
                      '0.041 m/s, 1.2 m, -50 deg mean (-79 worst), 1 of 5 fell.'),
     'RightSideWalk': ('0 of 5 reach the 2 m target: 0.047 m/s mean (0.045 worst), 1.41 m sideways in\n'
                       '30 s (1.34 worst), no fall; turns counter-clockwise +23 deg mean (+29 worst).\n'
