@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ScratchDirectory.h"
+#include "agent/ProcessState.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
@@ -163,19 +164,7 @@ void installSkillData() {
 }
 
 void resetSkillState() {
-    ConfigSkill::resetState();
-    BasicDash::resetState();
-    DashNormalGotoPoint::resetState();
-    DashNormalGotoBall::resetState();
-    BasicTurn::resetState();
-    BasicKick::resetState();
-    BasicSideWalk::resetState();
-    BasicStandUp::resetState();
-    BasicStyle::resetState();
-    LeftDiv::resetState();
-    RightDiv::resetState();
-    Command::resetState();
-    Self::resetState();
+    ProcessState::resetGame();
 }
 
 float markerOf(const Command& command) {

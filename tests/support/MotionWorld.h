@@ -16,8 +16,8 @@ namespace motiontest {
 // the step's marker, so a command's lae1 target reveals the skill and step played.
 void installSkillData();
 
-// Restores every class-wide state of the motion skills (players, clocks, turn and walk memory)
-// and the shared wait clock of the commands.
+// Restores the player's whole game state (ProcessState::resetGame): the motion skills' players,
+// clocks, turn and walk memory, the plans, the commands' wait clock and the skill database.
 void resetSkillState();
 
 // Sets the server version the walking skill reads ("ServerInitialize" / "Server" / "Version").

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "Angles.h"
+#include "agent/ProcessState.h"
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "utilities/net/Connection.h"
@@ -45,7 +46,7 @@ LabSession::~LabSession() {
 }
 
 bool LabSession::connect() {
-    AgentModel::resetState();
+    ProcessState::resetGame();
     player = std::make_unique<Connection>(options.host, options.agentPort);
     monitor = std::make_unique<Connection>(options.host, options.monitorPort);
     if (!player->init() || !monitor->init()) {

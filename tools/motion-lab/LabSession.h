@@ -49,8 +49,9 @@ public:
     LabSession(const LabSession&) = delete;
     LabSession& operator=(const LabSession&) = delete;
 
-    // Connects both links, loads the robot and registers it as player 1; false (with a line
-    // on standard error) when the server does not answer.
+    // Resets the player's game state (ProcessState::resetGame, so that trials do not depend on
+    // each other), connects both links, loads the robot and registers it as player 1; false
+    // (with a line on standard error) when the server does not answer.
     bool connect();
 
     // "(playMode PlayOn)" through the monitor.

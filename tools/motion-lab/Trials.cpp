@@ -18,14 +18,9 @@
 #include "plans/OffensePlan.h"
 #include "skills/ConfigSkill.h"
 #include "skills/dash/BasicDash.h"
-#include "skills/dash/DashNormalGotoBall.h"
 #include "skills/dash/DashNormalGotoPoint.h"
-#include "skills/dive/LeftDiv.h"
-#include "skills/dive/RightDiv.h"
 #include "skills/kick/BasicKick.h"
-#include "skills/sidewalk/BasicSideWalk.h"
 #include "skills/standup/BasicStandUp.h"
-#include "skills/style/BasicStyle.h"
 #include "skills/turn/BasicTurn.h"
 #include "utilities/config/Config.h"
 #include "worldmodel/WorldModel.h"
@@ -35,26 +30,6 @@ namespace trials {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
-
-// Every skill's class-wide state as at process start, so that trials do not depend on each
-// other.
-void resetSkills() {
-    ConfigSkill::resetState();
-    Command::resetState();
-    BasicDash::resetState();
-    DashNormalGotoPoint::resetState();
-    DashNormalGotoBall::resetState();
-    LeftDiv::resetState();
-    RightDiv::resetState();
-    GoalKeeperPlan::resetState();
-    DefencePlan::resetState();
-    OffensePlan::resetState();
-    BasicTurn::resetState();
-    BasicKick::resetState();
-    BasicSideWalk::resetState();
-    BasicStandUp::resetState();
-    BasicStyle::resetState();
-}
 
 // Where the ball waits during trials that do not use it (metres): in a corner of our half, away
 // from every trial's path.
@@ -69,7 +44,6 @@ public:
     Bench(const LabSession::Options& options, double x, double y, double heading,
           bool stance = false)
         : session(options), trace(options.trace) {
-        resetSkills();
         ready = session.connect();
         if (ready) {
             session.kickOff();

@@ -1,8 +1,7 @@
 #include "skills/sidewalk/BasicSideWalk.h"
 
-#include <iostream>
-
 #include "commands/Command.h"
+#include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
 
 ConfigSkill BasicSideWalk::configSkill;
@@ -13,7 +12,7 @@ BasicSideWalk::BasicSideWalk(const WorldModel& wm, float y, bool dropCommand)
     : BasicAction(dropCommand) {
     setSuccessRate(0.0F);
     const float selfY = wm.getSelf()->getPosition().getY();
-    std::cout << "SideWalk target y: " << y << " self y: " << selfY << std::endl;
+    Debugger::logg("Main") << "SideWalk target y: " << y << " self y: " << selfY << std::endl;
     if (!firstFinished || configSkill.isFinished()) {
         sideWalkSide = selfY > y ? "RightSideWalk" : "LeftSideWalk";
         firstFinished = true;
