@@ -1,7 +1,8 @@
 # One static library per layer of the player. Each layer lists the layers below it that it may
 # use; tests/layering_test.sh checks the #include lines against the same order.
 #
-#   math -> utilities -> world (body + worldmodel) -> commands -> skills -> plans -> agent
+#   math -> utilities -> world (objects -> body -> worldmodel) -> commands -> skills -> plans
+#   -> agent
 #
 # Sources are picked up from the layer's folders, so adding a class means adding its .h/.cpp pair.
 function(korvel_layer name)

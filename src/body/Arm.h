@@ -4,7 +4,7 @@
 
 #include "body/HingeJoint.h"
 #include "body/Side.h"
-#include "worldmodel/DynamicObject.h"
+#include "objects/DynamicObject.h"
 
 /// An arm: four hinge joints named prefix + "ae1" .. "ae4" (prefix "r" on the right side, "l"
 /// otherwise): shoulder pitch (0), shoulder roll (1), elbow yaw (2), elbow roll (3).

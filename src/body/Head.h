@@ -4,7 +4,7 @@
 
 #include "body/HingeJoint.h"
 #include "body/Side.h"
-#include "worldmodel/DynamicObject.h"
+#include "objects/DynamicObject.h"
 
 /// The head: two hinge joints, neck pan ("he1", index 0) and neck tilt ("he2", index 1).
 class Head : public DynamicObject {

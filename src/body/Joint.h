@@ -3,7 +3,7 @@
 #include <string>
 
 #include "math/Vector3.h"
-#include "worldmodel/DynamicObject.h"
+#include "objects/DynamicObject.h"
 
 /// A joint of the robot, named by its effector name ("he1", "lae2", "rle6", ...). The physical
 /// fields are carried along for completeness; no algorithm reads them.

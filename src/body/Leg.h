@@ -5,7 +5,7 @@
 #include "body/HingeJoint.h"
 #include "body/Side.h"
 #include "math/Vector3.h"
-#include "worldmodel/DynamicObject.h"
+#include "objects/DynamicObject.h"
 
 /// A leg: six hinge joints named prefix + "le1" .. "le6" (prefix "r" on the right side, "l"
 /// otherwise): hip yaw-pitch (0), hip roll (1), hip pitch (2), knee (3), foot pitch (4), foot

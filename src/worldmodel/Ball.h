@@ -1,6 +1,6 @@
 #pragma once
 
-#include "worldmodel/DynamicObject.h"
+#include "objects/DynamicObject.h"
 
 /// The ball. `positionCount` counts the consecutive perceptor messages in which the ball was
 /// not seen (0 in a message where it was seen).

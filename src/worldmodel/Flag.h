@@ -1,8 +1,8 @@
 #pragma once
 
+#include "objects/StaticObject.h"
 #include "utilities/config/Config.h"
 #include "worldmodel/FlagType.h"
-#include "worldmodel/StaticObject.h"
 
 /// A landmark of the field: a corner flag or a goal post, at height 0. Its position follows from
 /// its type and the field's size, read from "WorldModelParameters" / "Field": "Length",

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "worldmodel/DynamicObject.h"
+#include "objects/DynamicObject.h"
 
 /// A robot on the field, known by its uniform number (0 until set).
 class Player : public DynamicObject {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "math/Vector3.h"
-#include "worldmodel/Object.h"
+#include "objects/Object.h"
 
 /// An object that moves: the ball, players and the robot's joints.
 class DynamicObject : public Object {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "worldmodel/Object.h"
+#include "objects/Object.h"
 
 /// An object that never moves (the field's landmarks).
 class StaticObject : public Object {
