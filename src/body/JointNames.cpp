@@ -38,10 +38,28 @@ const JointName* JointNames::findByEffectorName(std::string_view name) {
     return nullptr;
 }
 
+BodyPart JointNames::armOf(Side side) {
+    return side == sideRight ? BodyPart::RightArm : BodyPart::LeftArm;
+}
+
+BodyPart JointNames::legOf(Side side) {
+    return side == sideRight ? BodyPart::RightLeg : BodyPart::LeftLeg;
+}
+
+std::vector<std::string> JointNames::effectorNames(BodyPart part) {
+    std::vector<std::string> names;
+    for (const JointName& row : joints) {
+        if (row.part == part) {
+            names.emplace_back(row.effectorName);
+        }
+    }
+    return names;
+}
+
 std::string JointNames::armEffectorName(Side side, unsigned int index) {
-    return std::string(sidePrefix(side)) + "ae" + std::to_string(index + 1);
+    return effectorNames(armOf(side)).at(index);
 }
 
 std::string JointNames::legEffectorName(Side side, unsigned int index) {
-    return std::string(sidePrefix(side)) + "le" + std::to_string(index + 1);
+    return effectorNames(legOf(side)).at(index);
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "body/Side.h"
 
@@ -35,6 +36,12 @@ public:
     static const JointName* findByPerceptorName(std::string_view name);
     /// The row whose effector name is `name` (exact, case-sensitive), or null.
     static const JointName* findByEffectorName(std::string_view name);
+
+    /// The arm or leg on `side` (only the right side is right; the head's side counts as left).
+    static BodyPart armOf(Side side);
+    static BodyPart legOf(Side side);
+    /// The effector names of the joints of `part`, in index order.
+    static std::vector<std::string> effectorNames(BodyPart part);
 
     /// The effector name of joint `index` (0-based) of an arm on `side`: prefix + "ae" + (index+1).
     static std::string armEffectorName(Side side, unsigned int index);

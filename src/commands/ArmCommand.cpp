@@ -1,9 +1,11 @@
 #include "commands/ArmCommand.h"
 
+#include "body/JointNames.h"
+
 ArmCommand::ArmCommand() : ArmCommand(Side(1), Arm(Side(1))) {}
 
 ArmCommand::ArmCommand(Side side, const Arm& arm)
-    : LimbCommand(side, arm, sidedNames(side, "ae")) {}
+    : LimbCommand(side, arm, JointNames::effectorNames(JointNames::armOf(side))) {}
 
 ArmCommand::ArmCommand(Side side, const Arm* arm) : ArmCommand(side, *arm) {}
 

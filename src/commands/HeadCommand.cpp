@@ -1,8 +1,11 @@
 #include "commands/HeadCommand.h"
 
+#include "body/JointNames.h"
+
 HeadCommand::HeadCommand() : HeadCommand(Side(0), Head(Side(0))) {}
 
-HeadCommand::HeadCommand(Side side, const Head& head) : LimbCommand(side, head, {"he1", "he2"}) {}
+HeadCommand::HeadCommand(Side side, const Head& head)
+    : LimbCommand(side, head, JointNames::effectorNames(BodyPart::Head)) {}
 
 HeadCommand::HeadCommand(Side side, const Head* head) : HeadCommand(side, *head) {}
 

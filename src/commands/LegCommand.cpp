@@ -1,18 +1,13 @@
 #include "commands/LegCommand.h"
 
+#include "body/JointNames.h"
+#include "math/Angles.h"
 #include "math/Geometry.h"
-
-namespace {
-
-constexpr float kRadToDeg = 57.295776F;
-constexpr float kDegToRad = 0.017453292F;
-
-}  // namespace
 
 LegCommand::LegCommand() : LegCommand(Side(1), Leg(Side(1))) {}
 
 LegCommand::LegCommand(Side side, const Leg& leg)
-    : LimbCommand(side, leg, sidedNames(side, "le")) {}
+    : LimbCommand(side, leg, JointNames::effectorNames(JointNames::legOf(side))) {}
 
 LegCommand::LegCommand(Side side, const Leg* leg) : LegCommand(side, *leg) {}
 
@@ -27,8 +22,10 @@ void LegCommand::footParallerGround(math::Vector3<float> /*position*/, float spe
     const float hipX = getHipXCommand().getJointCurrentAlphaValue();
     const float hipY = getHipYCommand().getJointCurrentAlphaValue();
     const float knee = getKneeCommand().getJointCurrentAlphaValue();
-    const float footY = kRadToDeg * math::normalizeAngle(-kDegToRad * hipX);
-    const float footX = kRadToDeg * math::normalizeAngle(-kDegToRad * knee + -kDegToRad * hipY);
+    constexpr float kToRadians = -math::kRadiansPerDegreeF;  // and the sign turned
+    const float footY = math::kDegreesPerRadianF * math::normalizeAngle(kToRadians * hipX);
+    const float footX =
+        math::kDegreesPerRadianF * math::normalizeAngle(kToRadians * knee + kToRadians * hipY);
     getFootYCommand().setJointTargetAlphaAndVelocityValue(footY, speed, 0.01F);
     getFootXCommand().setJointTargetAlphaAndVelocityValue(footX, speed, 0.01F);
 }

@@ -99,16 +99,6 @@ protected:
         return target;
     }
 
-    // "l" or "r" (only side 2 is right) followed by stem and the joint number from 1.
-    static std::vector<std::string> sidedNames(Side limbSide, const std::string& stem) {
-        const std::string prefix = static_cast<int>(limbSide) == 2 ? "r" : "l";
-        std::vector<std::string> result;
-        for (std::size_t i = 1; i <= N; ++i) {
-            result.push_back(prefix + stem + std::to_string(i));
-        }
-        return result;
-    }
-
 private:
     std::array<float, N> lastVelocities{};  // rad/s
     std::vector<std::string> names;         // effector names

@@ -4,11 +4,15 @@
 #include <cmath>
 
 #include "body/HingeJoint.h"
+#include "body/JointNames.h"
 
 namespace {
 
+// The two foot joints of either leg (indices 4 and 5 of the leg).
 bool hasFootDeadBand(const std::string& name) {
-    return name == "lle6" || name == "rle6" || name == "lle5" || name == "rle5";
+    const JointName* row = JointNames::findByEffectorName(name);
+    return row != nullptr && (row->part == BodyPart::LeftLeg || row->part == BodyPart::RightLeg) &&
+           row->index >= 4;
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 #include "math/Geometry.h"
 
 #include <limits>
+#include "math/Angles.h"
 
 namespace math {
 
 namespace {
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
+constexpr double kTwoPi = 2.0 * kPi;
 // Beyond these magnitudes the step-by-step loops would take very long, or never end once a step
 // is smaller than the float spacing, so such angles are first reduced in one go.
 constexpr double kLargeRadians = 64.0 * kPi;

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "commands/Command.h"
+#include "plans/SubBehaviour.h"
+#include "skills/SkillNames.h"
 #include "skills/dive/LeftDiv.h"
 #include "skills/dive/RightDiv.h"
 #include "skills/sidewalk/BasicSideWalk.h"
@@ -50,7 +52,7 @@ void GoalKeeperPlan::decide() {
     ballY = ball.getY();
     ballX = ball.getX();
 
-    if (name == "standup") {
+    if (name == subbehaviour::kStandUp) {
         BasicStandUp probe(*wm, false, false);
         delete probe.getCommand();
         if (probe.isFinished()) {
@@ -59,7 +61,7 @@ void GoalKeeperPlan::decide() {
             BasicStandUp standUp(*wm, false, false);
             replaceCommand(standUp.getCommand());
         }
-    } else if (name.empty() || name == "sideWalk" || name == "div") {
+    } else if (name.empty() || name == subbehaviour::kSideWalk || name == subbehaviour::kDive) {
         chooseAfresh();
     }
 
@@ -69,13 +71,14 @@ void GoalKeeperPlan::decide() {
     delete rightDiv.getCommand();
     const LeftDiv leftDiv(wm);
     delete leftDiv.getCommand();
-    if (wm->isFallen() && name != "standup" && (rightDiv.isFinished() || leftDiv.isFinished())) {
+    if (wm->isFallen() && name != subbehaviour::kStandUp &&
+        (rightDiv.isFinished() || leftDiv.isFinished())) {
         RightDiv::setTime(-1.0F);
         LeftDiv::setTime(-1.0F);
         Command::setTime(-1.0F);
         BasicStandUp standUp(*wm, true, false);
         replaceCommand(standUp.getCommand());
-        name = "standup";
+        name = subbehaviour::kStandUp;
     }
 }
 
@@ -86,15 +89,15 @@ void GoalKeeperPlan::chooseAfresh() {
         dive(false);
     } else if (belowLimit && ballY < 0.0F) {
         dive(true);
-    } else if (belowLimit && name == "div" && !diveSide.empty()) {
+    } else if (belowLimit && name == subbehaviour::kDive && !diveSide.empty()) {
         // The ball lies exactly on the middle line: the dive in progress goes on to its side.
-        dive(diveSide == "LeftDiv");
+        dive(diveSide == skillname::kLeftDive);
     } else {
         // Side-step towards the middle of the goal (y = 0); with the ball exactly on the middle
         // line and no dive in progress the keeper stays with this.
         BasicSideWalk sideWalk(*wm, 0.0F, false);
         replaceCommand(sideWalk.getCommand());
-        name = "sideWalk";
+        name = subbehaviour::kSideWalk;
     }
 }
 
@@ -103,16 +106,16 @@ void GoalKeeperPlan::dive(bool left) {
     if (left) {
         const LeftDiv leftDiv(wm);
         diveCommand = leftDiv.getCommand();
-        diveSide = "LeftDiv";
+        diveSide = skillname::kLeftDive;
     } else {
         const RightDiv rightDiv(wm);
         diveCommand = rightDiv.getCommand();
-        diveSide = "RightDiv";
+        diveSide = skillname::kRightDive;
     }
     diveCommand->setCurrentLastCommand(wm->getSelf()->getLastCommand());
     diveCommand->setAllCommands();
     replaceCommand(diveCommand);
-    name = "div";
+    name = subbehaviour::kDive;
 }
 
 void GoalKeeperPlan::resetState() {

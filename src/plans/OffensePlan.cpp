@@ -4,7 +4,10 @@
 #include <utility>
 
 #include "commands/Command.h"
+#include "math/Angles.h"
 #include "math/Geometry.h"
+#include "plans/SubBehaviour.h"
+#include "skills/SkillNames.h"
 #include "skills/dash/DashNormalGotoPoint.h"
 #include "skills/kick/BasicKick.h"
 #include "skills/standup/BasicStandUp.h"
@@ -16,7 +19,6 @@
 namespace {
 // The walking target lies this far (metres) along the attack direction, beyond the field.
 constexpr float kTargetDistance = 100.0F;
-constexpr double kRadToDeg = 180.0 / 3.141592653589793;
 
 // The direction of attack along x: +1 playing on the left (or side not yet known), -1 on the
 // right.
@@ -48,16 +50,16 @@ void OffensePlan::replaceCommand(Command* next) {
 void OffensePlan::startWalking() {
     DashNormalGotoPoint dash(mPoint, *wm, false);
     replaceCommand(dash.getCommand());
-    name = "dash";
+    name = subbehaviour::kDash;
 }
 
 void OffensePlan::startKick() {
     // A complete reset of the kick player, so that the next call starts the kick itself.
-    BasicKick::getConfigSkill().setCurrentSkillName("@");
+    BasicKick::getConfigSkill().setCurrentSkillName(skillname::kNoSkill);
     BasicKick::getConfigSkill().setFinishedSkill(false);
     BasicKick kick(*wm, false);
     replaceCommand(kick.getCommand());
-    name = "kick";
+    name = subbehaviour::kKick;
 }
 
 bool OffensePlan::isKickPosition(const WorldModel& wm) {
@@ -77,8 +79,8 @@ bool OffensePlan::isKickPosition(const WorldModel& wm) {
     if (distance > maxDistance || ahead <= 0.0F) {
         return false;
     }
-    const auto bearing = static_cast<float>(
-        std::fabs(std::atan2(static_cast<double>(across), static_cast<double>(ahead)) * kRadToDeg));
+    const auto bearing = static_cast<float>(std::fabs(
+        math::toDegrees(std::atan2(static_cast<double>(across), static_cast<double>(ahead)))));
     if (bearing > maxBearing) {
         return false;
     }
@@ -107,11 +109,11 @@ void OffensePlan::decide() {
 
     // Has the current sub-behaviour ended? Each test runs the skill once without a command.
     bool ended = false;
-    if (name == "dash") {
+    if (name == subbehaviour::kDash) {
         ended = DashNormalGotoPoint(mPoint, *wm, true).isFinished();
-    } else if (name == "standup") {
+    } else if (name == subbehaviour::kStandUp) {
         ended = BasicStandUp(*wm, false, true).isFinished();
-    } else if (name == "kick") {
+    } else if (name == subbehaviour::kKick) {
         ended = BasicKick(*wm, true).isFinished();
     }
 
@@ -121,16 +123,16 @@ void OffensePlan::decide() {
         DashNormalGotoPoint::setActionBoolean(false);
         DashNormalGotoPoint::setFinishedBoolean(false);
         const BasicKick resetKick(*wm, true);
-        BasicKick::getConfigSkill().setCurrentSkillName("@");
+        BasicKick::getConfigSkill().setCurrentSkillName(skillname::kNoSkill);
         BasicKick::getConfigSkill().setFinishedSkill(false);
         startWalking();
-    } else if (name == "dash") {
+    } else if (name == subbehaviour::kDash) {
         DashNormalGotoPoint dash(mPoint, *wm, false);
         replaceCommand(dash.getCommand());
-    } else if (name == "standup") {
+    } else if (name == subbehaviour::kStandUp) {
         BasicStandUp standUp(*wm, false, false);
         replaceCommand(standUp.getCommand());
-    } else if (name == "kick") {
+    } else if (name == subbehaviour::kKick) {
         BasicKick kick(*wm, false);
         replaceCommand(kick.getCommand());
     } else {
@@ -138,16 +140,16 @@ void OffensePlan::decide() {
     }
 
     // Kick when walking has brought the robot close behind the ball, facing the opponents' half.
-    if (name == "dash" && isKickPosition(*wm)) {
+    if (name == subbehaviour::kDash && isKickPosition(*wm)) {
         startKick();
     }
 
     // Fall rule: a fallen robot starts a stand-up (unless one is running).
-    if (wm->isFallen() && name != "standup") {
+    if (wm->isFallen() && name != subbehaviour::kStandUp) {
         Command::setTime(-1.0F);
         BasicStandUp standUp(*wm, true, false);
         replaceCommand(standUp.getCommand());
-        name = "standup";
+        name = subbehaviour::kStandUp;
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include "commands/Command.h"
 #include "skills/BasicSkills.h"
+#include "skills/SkillNames.h"
 
 class Self;
 class WorldModel;
@@ -60,7 +61,7 @@ private:
     Command* refreshed(unsigned int k);
 
     std::map<std::string, std::vector<Command*>> database;
-    std::string mCurrentSkillName = "@";
+    std::string mCurrentSkillName = skillname::kNoSkill;
     bool finishedSkill = false;
     std::unique_ptr<Self> self;
     std::vector<Command*> currentSkill;

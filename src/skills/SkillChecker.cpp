@@ -1,10 +1,11 @@
 #include "skills/SkillChecker.h"
 
+#include <array>
 #include <fstream>
-#include <map>
 #include <sstream>
 #include <utility>
 
+#include "body/JointNames.h"
 #include "skills/SkillFile.h"
 #include "utilities/config/ConfigFile.h"
 #include "utilities/config/Str.h"
@@ -13,17 +14,20 @@ namespace {
 
 using Range = std::pair<float, float>;
 
-const std::map<std::string, Range>& ranges() {
-    static const std::map<std::string, Range> table = {
-        {"he1", {-120, 120}}, {"he2", {-45, 45}},  {"lae1", {-120, 120}}, {"rae1", {-120, 120}},
-        {"lae2", {-1, 95}},   {"rae2", {-95, 1}},  {"lae3", {-120, 120}}, {"rae3", {-120, 120}},
-        {"lae4", {-90, 1}},   {"rae4", {-1, 90}},  {"lle1", {-90, 1}},    {"rle1", {-90, 1}},
-        {"lle2", {-25, 45}},  {"rle2", {-45, 25}}, {"lle3", {-25, 100}},  {"rle3", {-25, 100}},
-        {"lle4", {-130, 1}},  {"rle4", {-130, 1}}, {"lle5", {-45, 75}},   {"rle5", {-45, 75}},
-        {"lle6", {-45, 25}},  {"rle6", {-25, 45}},
-    };
-    return table;
-}
+// Leg joints that the raise and foot flags drive (indices within the leg).
+constexpr unsigned int kHipYIndex = 2;
+constexpr unsigned int kKneeIndex = 3;
+constexpr unsigned int kFootXIndex = 4;
+
+// The range of every joint (degrees, minimum and maximum), in the order of the joint naming
+// table: he1 he2, lae1..lae4, rae1..rae4, lle1..lle6, rle1..rle6.
+constexpr std::array<Range, JointNames::jointCount> kRanges = {{
+    {-120, 120}, {-45, 45},                                                // head
+    {-120, 120}, {-1, 95},  {-120, 120}, {-90, 1},                         // left arm
+    {-120, 120}, {-95, 1},  {-120, 120}, {-1, 90},                         // right arm
+    {-90, 1},    {-25, 45}, {-25, 100},  {-130, 1}, {-45, 75}, {-45, 25},  // left leg
+    {-90, 1},    {-45, 25}, {-25, 100},  {-130, 1}, {-45, 75}, {-25, 45},  // right leg
+}};
 
 std::string number(float value) {
     std::ostringstream text;
@@ -105,20 +109,24 @@ void checkSteps(const ConfigFile& file, Checker& checker) {
             }
         }
         // A raise drives hip Y to the value and the knee to minus the value.
-        for (const auto& [key, side] : {std::pair<const char*, const char*>{"leftRaise2", "l"},
-                                        std::pair<const char*, const char*>{"rightRaise2", "r"}}) {
+        for (const auto& [key, side] : {std::pair<const char*, Side>{"leftRaise2", sideLeft},
+                                        std::pair<const char*, Side>{"rightRaise2", sideRight}}) {
             const ConfigValue& raise = step[key];
             if (raise[0].b_value(false)) {
                 const float value = wordAsFloat(raise, 1);
-                checker.target(group, key, std::string(side) + "le3", value);
-                checker.target(group, key, std::string(side) + "le4", -value);
-                checker.speed(group, key, std::string(side) + "le3", wordAsFloat(raise, 2));
+                const std::string hipY = JointNames::legEffectorName(side, kHipYIndex);
+                checker.target(group, key, hipY, value);
+                checker.target(group, key, JointNames::legEffectorName(side, kKneeIndex), -value);
+                checker.speed(group, key, hipY, wordAsFloat(raise, 2));
             }
         }
         for (const char* key : {"leftFootParallerGround", "rightFootParallerGround"}) {
             const ConfigValue& foot = step[key];
             if (foot[0].b_value(false)) {
-                checker.speed(group, key, key[0] == 'l' ? "lle5" : "rle5", wordAsFloat(foot, 1));
+                checker.speed(
+                    group, key,
+                    JointNames::legEffectorName(key[0] == 'l' ? sideLeft : sideRight, kFootXIndex),
+                    wordAsFloat(foot, 1));
             }
         }
     }
@@ -139,12 +147,13 @@ unsigned int SkillChecker::Report::warningCount() const {
 }
 
 bool SkillChecker::jointRange(const std::string& joint, float& minDegrees, float& maxDegrees) {
-    const auto found = ranges().find(joint);
-    if (found == ranges().end()) {
+    const JointName* row = JointNames::findByEffectorName(joint);
+    if (row == nullptr) {
         return false;
     }
-    minDegrees = found->second.first;
-    maxDegrees = found->second.second;
+    const Range& range = kRanges.at(static_cast<std::size_t>(row - JointNames::table().data()));
+    minDegrees = range.first;
+    maxDegrees = range.second;
     return true;
 }
 

@@ -25,14 +25,6 @@ const FlagKey kFlagKeys[] = {
     {"precision", 2},
 };
 
-std::vector<std::string> jointNames(const std::string& prefix, unsigned int count) {
-    std::vector<std::string> names;
-    for (unsigned int i = 1; i <= count; ++i) {
-        names.push_back(prefix + std::to_string(i));
-    }
-    return names;
-}
-
 float wordAsFloat(const ConfigValue& value, int index) {
     return value[index].b_value(0.0F);
 }
@@ -71,11 +63,11 @@ unsigned int stepCount(const ConfigFile& file) {
 
 const std::vector<SkillFile::LimbKeys>& SkillFile::limbs() {
     static const std::vector<LimbKeys> table = {
-        {"Head::Instance", "Head::PInstance", 2, {"he1", "he2"}},
-        {"Arm::Left", "Arm::PLeft", 4, jointNames("lae", 4)},
-        {"Arm::Right", "Arm::PRight", 4, jointNames("rae", 4)},
-        {"Leg::Left", "Leg::PLeft", 6, jointNames("lle", 6)},
-        {"Leg::Right", "Leg::PRight", 6, jointNames("rle", 6)},
+        {"Head::Instance", "Head::PInstance", 2, JointNames::effectorNames(BodyPart::Head)},
+        {"Arm::Left", "Arm::PLeft", 4, JointNames::effectorNames(BodyPart::LeftArm)},
+        {"Arm::Right", "Arm::PRight", 4, JointNames::effectorNames(BodyPart::RightArm)},
+        {"Leg::Left", "Leg::PLeft", 6, JointNames::effectorNames(BodyPart::LeftLeg)},
+        {"Leg::Right", "Leg::PRight", 6, JointNames::effectorNames(BodyPart::RightLeg)},
     };
     return table;
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "math/Angles.h"
 #include "utilities/parsing/SExpError.h"
 #include "utilities/parsing/SExpression.h"
 
@@ -317,9 +318,8 @@ bool PerceptReader::readMessage(const SExpression& root, Percepts& out, std::str
 
 math::Vector3<float> PerceptReader::polarToCartesian(float distance, float horizontal,
                                                      float vertical) {
-    constexpr double pi = 3.141592653589793;
-    const double h = static_cast<double>(horizontal) / 180.0 * pi;
-    const double v = static_cast<double>(vertical) / 180.0 * pi;
+    const double h = math::toRadians(static_cast<double>(horizontal));
+    const double v = math::toRadians(static_cast<double>(vertical));
     const auto flat = static_cast<float>(std::cos(v) * static_cast<double>(distance));
     return {static_cast<float>(std::cos(h) * static_cast<double>(flat)),
             static_cast<float>(std::sin(h) * static_cast<double>(flat)),

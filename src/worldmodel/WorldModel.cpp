@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "math/Angles.h"
 #include "math/Geometry.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/logging/OnlineTimer.h"
@@ -110,7 +111,8 @@ bool WorldModel::update(const std::string& message) {
         if (Share::bodyDir) {
             // The head's heading, turned back by the neck's pan angle (degrees).
             const float pan = self->getBody()->getHead()->getHingeJoint(0).getJointAlphaValue();
-            self->setBodyDirection(wrapAngle(headDirection.x + pan * -0.0174532924F) * 57.2957764F);
+            self->setBodyDirection(wrapAngle(headDirection.x + pan * -math::kRadiansPerDegreeF) *
+                                   math::kDegreesPerRadianF);
         }
         Debugger::logg("Main") << "BodyDirection: " << self->getBodyDirection() << std::endl;
     }

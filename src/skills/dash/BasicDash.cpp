@@ -1,5 +1,6 @@
 #include "skills/dash/BasicDash.h"
 
+#include "skills/SkillNames.h"
 ConfigSkill BasicDash::configSkill;
 
 BasicDash::BasicDash(bool dropCommand) : BasicAction(dropCommand) {}
@@ -13,6 +14,6 @@ bool BasicDash::isCurrentSkillFinished() {
 }
 
 void BasicDash::resetState() {
-    configSkill.setCurrentSkillName("@");
+    configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

@@ -8,6 +8,8 @@
 namespace {
 // Clearance (metres) kept beside and behind the ball on the way to it.
 constexpr float kClearance = 0.1F;
+// The ball side once the robot has approached the ball from behind.
+constexpr char kBesideBall[] = "golo";
 }  // namespace
 
 std::string DashNormalGotoBall::ballSide;
@@ -23,14 +25,14 @@ DashNormalGotoBall::DashNormalGotoBall(const WorldModel& wm, bool dropCommand)
         DashNormalGotoPoint dash(math::Point(b.getX(), b.getY() + r + kClearance, 0.0F), wm, false);
         command = dash.getCommand();
         setSuccessRate(dash.getSuccessRate());
-        ballSide = "golo";
+        ballSide = kBesideBall;
     } else if (s.getX() > b.getX()) {
         DashNormalGotoPoint dash(math::Point(b.getX(), b.getY(), b.getZ()), wm, false);
         command = dash.getCommand();
         setSuccessRate(dash.getSuccessRate());
     }
 
-    if (ballSide == "golo" && getSuccessRate() == 100.0F) {
+    if (ballSide == kBesideBall && getSuccessRate() == 100.0F) {
         DashNormalGotoPoint dash(math::Point(b.getX() - kClearance, b.getY(), 0.0F), wm, false);
         delete command;
         command = dash.getCommand();

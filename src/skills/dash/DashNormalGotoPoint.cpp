@@ -4,14 +4,14 @@
 #include <cmath>
 
 #include "commands/Command.h"
+#include "math/Angles.h"
 #include "math/Geometry.h"
+#include "skills/SkillNames.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
 
 namespace {
-constexpr double kPi = 3.141592653589793;
-constexpr float kRadToDeg = 57.29578F;
 // Nearer than this (metres) the robot has arrived.
 constexpr float kArrivedDistance = 0.3F;
 // Nearer than this (metres) the short gait is used.
@@ -26,7 +26,7 @@ std::unique_ptr<TurnAngle> DashNormalGotoPoint::turnAngle = std::make_unique<Tur
 bool DashNormalGotoPoint::isAction = false;
 bool DashNormalGotoPoint::finished = false;
 bool DashNormalGotoPoint::firstFinished = false;
-std::string DashNormalGotoPoint::walkSkillType = "Walk";
+std::string DashNormalGotoPoint::walkSkillType = skillname::kWalk;
 float DashNormalGotoPoint::deltaAlpha = 0.0F;
 
 DashNormalGotoPoint::Geometry DashNormalGotoPoint::computeGeometry(const math::Point& target,
@@ -36,7 +36,7 @@ DashNormalGotoPoint::Geometry DashNormalGotoPoint::computeGeometry(const math::P
     Geometry g;
     const Self* self = wm.getSelf();
     if (config["ServerInitialize"]["Server"]["Version"].asString() != "6.0.0") {
-        const double b = static_cast<double>(self->getBodyDirection()) * kPi / 180.0;
+        const double b = static_cast<double>(self->getBodyDirection()) * math::kPi / 180.0;
         g.heading = math::Vector3<float>(static_cast<float>(std::cos(b)),
                                          static_cast<float>(std::sin(b)), 0.0F);
     } else {
@@ -47,13 +47,12 @@ DashNormalGotoPoint::Geometry DashNormalGotoPoint::computeGeometry(const math::P
     g.toTarget = math::Vector3<float>(target.getX() - pos.getX(), target.getY() - pos.getY(),
                                       target.getZ() - pos.getZ());
     g.distance = g.toTarget.length();
-    g.angle =
-        math::getDegree<float>(g.heading, math::Vector3<float>(0.0F, 0.0F, 0.0F), g.toTarget) *
-        kRadToDeg;
+    g.angle = math::toDegrees(
+        math::getDegree<float>(g.heading, math::Vector3<float>(0.0F, 0.0F, 0.0F), g.toTarget));
     if (std::fabs(g.angle) > 90.0F) {
         g.lateral = 100.0F;
     } else {
-        g.lateral = g.distance * std::sin(g.angle / kRadToDeg);
+        g.lateral = g.distance * std::sin(g.angle / static_cast<float>(math::kDegreesPerRadian));
     }
     if (g.distance >= 5.0F) {
         g.minTurnAngle = 30.0F;
@@ -91,7 +90,7 @@ DashNormalGotoPoint::DashNormalGotoPoint(const math::Point& target, const WorldM
             // Rounding may carry the cosine of a straight line just past 1; on the target
             // itself there is no angle left.
             deltaAlpha = lengths > 0.0F
-                             ? std::acos(std::clamp(dot / lengths, -1.0F, 1.0F)) * kRadToDeg
+                             ? math::toDegrees(std::acos(std::clamp(dot / lengths, -1.0F, 1.0F)))
                              : 0.0F;
             resetTurnPlayer();
         }
@@ -105,13 +104,14 @@ DashNormalGotoPoint::DashNormalGotoPoint(const math::Point& target, const WorldM
     if (!firstFinished) {
         // The very first decision of the process; the remembered angle is still 0 here.
         if (g.distance < kArrivedDistance) {
-            play("Stop", wm);
+            play(skillname::kStop, wm);
             isAction = false;
         } else if (std::fabs(deltaAlpha) > g.minTurnAngle &&
                    std::fabs(g.lateral) > kMaxLateralOffset) {
             startTurn(g.angle, wm);
         } else {
-            walkSkillType = g.distance < kShortWalkDistance ? "ShortWalk" : "Walk";
+            walkSkillType =
+                g.distance < kShortWalkDistance ? skillname::kShortWalk : skillname::kWalk;
             play(walkSkillType, wm);
             isAction = false;
         }
@@ -127,21 +127,21 @@ DashNormalGotoPoint::DashNormalGotoPoint(const math::Point& target, const WorldM
         }
     } else {
         // The previous movement has ended: decide afresh.
-        walkSkillType = g.distance < kShortWalkDistance ? "ShortWalk" : "Walk";
+        walkSkillType = g.distance < kShortWalkDistance ? skillname::kShortWalk : skillname::kWalk;
         if (g.distance < kArrivedDistance) {
-            if (configSkill.getCurrentSkillName() == "Stop") {
+            if (configSkill.getCurrentSkillName() == skillname::kStop) {
                 setSuccessRate(100.0F);
                 command = new Command(configSkill.getConfigCommandSkill(
                     configSkill.getCurrentSkillName(), wm.getSelf()));
             } else {
                 configSkill.setCurrentConfigStepNumber(0);
-                play("Stop", wm);
+                play(skillname::kStop, wm);
             }
             isAction = false;
         } else if (offLine) {
             if (configSkill.getCurrentSkillName() == walkSkillType) {
                 configSkill.setCurrentConfigStepNumber(0);
-                play("Stop", wm);
+                play(skillname::kStop, wm);
                 isAction = false;
             } else {
                 resetTurnPlayer();
@@ -181,7 +181,7 @@ void DashNormalGotoPoint::startTurn(float angle, const WorldModel& wm) {
 
 void DashNormalGotoPoint::resetTurnPlayer() {
     BasicTurn::setDoAngle(0.0F);
-    BasicTurn::getConfigSkill().setCurrentSkillName("@");
+    BasicTurn::getConfigSkill().setCurrentSkillName(skillname::kNoSkill);
     BasicTurn::getConfigSkill().setFinishedSkill(false);
 }
 
@@ -190,6 +190,6 @@ void DashNormalGotoPoint::resetState() {
     isAction = false;
     finished = false;
     firstFinished = false;
-    walkSkillType = "Walk";
+    walkSkillType = skillname::kWalk;
     deltaAlpha = 0.0F;
 }

@@ -1,6 +1,7 @@
 #include "skills/kick/BasicKick.h"
 
 #include "commands/Command.h"
+#include "skills/SkillNames.h"
 #include "worldmodel/WorldModel.h"
 
 std::string BasicKick::kickSide;
@@ -8,10 +9,10 @@ ConfigSkill BasicKick::configSkill;
 
 BasicKick::BasicKick(const WorldModel& wm, bool dropCommand) : BasicAction(dropCommand) {
     setSuccessRate(0.0F);
-    kickSide = "LeftKick";
+    kickSide = skillname::kLeftKick;
     if (configSkill.isFinished()) {
         command = settleWithStop(configSkill, wm);
-    } else if (configSkill.getCurrentSkillName() == "@") {
+    } else if (configSkill.getCurrentSkillName() == skillname::kNoSkill) {
         configSkill.setCurrentConfigStepNumber(0);
         play(kickSide, wm);
     } else {
@@ -37,6 +38,6 @@ void BasicKick::play(const std::string& name, const WorldModel& wm) {
 
 void BasicKick::resetState() {
     kickSide.clear();
-    configSkill.setCurrentSkillName("@");
+    configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

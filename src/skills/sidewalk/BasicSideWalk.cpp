@@ -1,6 +1,7 @@
 #include "skills/sidewalk/BasicSideWalk.h"
 
 #include "commands/Command.h"
+#include "skills/SkillNames.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
 
@@ -14,7 +15,7 @@ BasicSideWalk::BasicSideWalk(const WorldModel& wm, float y, bool dropCommand)
     const float selfY = wm.getSelf()->getPosition().getY();
     Debugger::logg("Main") << "SideWalk target y: " << y << " self y: " << selfY << std::endl;
     if (!firstFinished || configSkill.isFinished()) {
-        sideWalkSide = selfY > y ? "RightSideWalk" : "LeftSideWalk";
+        sideWalkSide = selfY > y ? skillname::kRightSideWalk : skillname::kLeftSideWalk;
         firstFinished = true;
     }
     command = new Command(configSkill.getConfigCommandSkill(sideWalkSide, &wm));
@@ -29,7 +30,7 @@ bool BasicSideWalk::isCurrentSkillFinished() {
 }
 
 void BasicSideWalk::resetState() {
-    configSkill.setCurrentSkillName("@");
+    configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
     sideWalkSide.clear();
     firstFinished = false;

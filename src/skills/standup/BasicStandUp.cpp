@@ -3,6 +3,7 @@
 #include <string>
 
 #include "commands/Command.h"
+#include "skills/SkillNames.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
 
@@ -15,18 +16,18 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
     if (start) {
         // A contact point behind the foot's centre line means the robot lies on its back.
         const float contactY = wm.getSelf()->getBody()->getLeftLeg()->getFRPContactPoint().getY();
-        name = std::string(contactY < 0.0F ? "Back" : "Front") + "StandUp";
+        name = contactY < 0.0F ? skillname::kBackStandUp : skillname::kFrontStandUp;
         configSkill.setCurrentConfigStepNumber(0);
     } else if (configSkill.isFinished()) {
-        if (configSkill.getCurrentSkillName() == "Stop") {
+        if (configSkill.getCurrentSkillName() == skillname::kStop) {
             Debugger::logg("Main") << "StandUp: Stop has ended, the robot is up" << std::endl;
             setSuccessRate(100.0F);
-            name = "Stop";
+            name = skillname::kStop;
         } else {
             Debugger::logg("Main") << "StandUp: " << configSkill.getCurrentSkillName()
                                    << " has ended, playing Stop" << std::endl;
             configSkill.setCurrentConfigStepNumber(0);
-            name = "Stop";
+            name = skillname::kStop;
         }
     } else {
         name = configSkill.getCurrentSkillName();
@@ -43,6 +44,6 @@ bool BasicStandUp::isFinished() {
 }
 
 void BasicStandUp::resetState() {
-    configSkill.setCurrentSkillName("@");
+    configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

@@ -1,13 +1,14 @@
 #include "skills/style/BasicStyle.h"
 
 #include "commands/Command.h"
+#include "skills/SkillNames.h"
 #include "worldmodel/WorldModel.h"
 
 ConfigSkill BasicStyle::configSkill;
 
 BasicStyle::BasicStyle(const WorldModel& wm, bool dropCommand) : BasicAction(dropCommand) {
     setSuccessRate(0.0F);
-    command = new Command(configSkill.getConfigCommandSkill("Style", &wm));
+    command = new Command(configSkill.getConfigCommandSkill(skillname::kStyle, &wm));
     if (isDropCommand()) {
         delete command;
         command = nullptr;
@@ -15,6 +16,6 @@ BasicStyle::BasicStyle(const WorldModel& wm, bool dropCommand) : BasicAction(dro
 }
 
 void BasicStyle::resetState() {
-    configSkill.setCurrentSkillName("@");
+    configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

@@ -1,5 +1,6 @@
 #include "skills/turn/BasicTurn.h"
 
+#include "skills/SkillNames.h"
 ConfigSkill BasicTurn::configSkill;
 float BasicTurn::doAngle = 0.0F;
 float BasicTurn::turnAngle = 0.0F;
@@ -15,7 +16,7 @@ bool BasicTurn::isCurrentSkillFinished() {
 }
 
 void BasicTurn::resetState() {
-    configSkill.setCurrentSkillName("@");
+    configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
     doAngle = 0.0F;
     turnAngle = 0.0F;

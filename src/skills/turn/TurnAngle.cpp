@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "commands/Command.h"
+#include "skills/SkillNames.h"
 #include "utilities/config/Str.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
@@ -29,7 +30,7 @@ TurnAngle::TurnAngle(float angle, const WorldModel& wm, float /*ignored*/, bool 
             }
             play(name, wm);
         }
-    } else if (configSkill.getCurrentSkillName() == "@") {
+    } else if (configSkill.getCurrentSkillName() == skillname::kNoSkill) {
         const std::string name = startStep(angle);
         configSkill.setCurrentConfigStepNumber(0);
         play(name, wm);
@@ -72,7 +73,8 @@ float TurnAngle::stepSizeFor(float remaining) {
 }
 
 std::string TurnAngle::stepSkillName(bool left, float stepSize) {
-    return std::string(left ? "TurnLeft" : "TurnRight") + Str(stepSize).b_value(std::string());
+    return std::string(left ? skillname::kTurnLeft : skillname::kTurnRight) +
+           Str(stepSize).b_value(std::string());
 }
 
 std::string TurnAngle::startStep(float angle) {
