@@ -1,9 +1,9 @@
 #pragma once
 
-#include <numbers>
+#include "math/Angles.h"
 
 // Radians per degree.
-inline constexpr double kDegToRad = std::numbers::pi / 180.0;
+inline constexpr double kDegToRad = math::kPi / 180.0;
 
 // An angle in degrees brought into (-180, 180].
 inline double wrapDegrees(double angle) {

@@ -6,7 +6,6 @@
 #include <iostream>
 #include <map>
 #include <memory>
-#include <numbers>
 
 #include "Angles.h"
 #include "agent/AgentModel.h"
@@ -28,8 +27,6 @@
 namespace trials {
 
 namespace {
-
-constexpr double kPi = std::numbers::pi;
 
 // Where the ball waits during trials that do not use it (metres): in a corner of our half, away
 // from every trial's path.
@@ -550,7 +547,7 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
     bench.mark();
     const double h = bench.origin.heading * kDegToRad;
     const double distance = aboutTurn ? 3.0 : 5.0;
-    const double direction = aboutTurn ? h + kPi : h + kPi / 2.0;
+    const double direction = aboutTurn ? h + math::kPi : h + math::kPi / 2.0;
     const double tx = bench.origin.x + distance * std::cos(direction);
     const double ty = bench.origin.y + distance * std::sin(direction);
     const math::Point target(static_cast<float>(tx), static_cast<float>(ty), 0.0F);
