@@ -9,6 +9,7 @@
 #include "plans/OffensePlan.h"
 #include "utilities/config/Config.h"
 #include "utilities/config/ConfigError.h"
+#include "utilities/config/Settings.h"
 #include "utilities/config/Str.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/net/Connection.h"
@@ -35,7 +36,7 @@ constexpr float kPanBandInner = 100.0F;
 constexpr float kPanBandOuter = 130.0F;
 
 int uniformNumber() {
-    return config["ServerInitialize"]["Public"]["UniformNum"].asInt();
+    return settings::uniformNumber();
 }
 
 [[noreturn]] void logAndExit(const char* line, int status) {
@@ -88,7 +89,7 @@ void AgentModel::resetState() {
 }
 
 bool AgentModel::offlinePlaying() {
-    return config["ServerInitialize"]["Server"]["OfflinePlaying"].asBool();
+    return settings::offlinePlaying();
 }
 
 void AgentModel::run() {
@@ -189,10 +190,11 @@ void AgentModel::setHead(Command* command, const WorldModel* wm, float speed, fl
 }
 
 void AgentModel::send(const Command* command) {
+    const std::string text = command->toString();
     if (!offlinePlaying()) {
-        Connection::instance()->sendMessage(command->toString());
+        Connection::instance()->sendMessage(text);
     }
-    Debugger::logg("Main") << "Message : : : " << command->toString() << std::endl;
+    Debugger::logg("Main") << "Message : : : " << text << std::endl;
 }
 
 void AgentModel::handOver(Command* command) {

@@ -13,6 +13,7 @@
 #include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
 #include "utilities/config/Config.h"
+#include "utilities/config/Settings.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
 
@@ -63,11 +64,9 @@ void OffensePlan::startKick() {
 }
 
 bool OffensePlan::isKickPosition(const WorldModel& wm) {
-    Config config;
-    const ConfigGroup& kick = config["OffenseParameters"]["Kick"];
-    const float maxDistance = kick["MaxBallDistance"].asFloat();  // metres
-    const float maxBearing = kick["MaxBallBearing"].asFloat();    // degrees
-    const float maxHeading = kick["MaxHeadingError"].asFloat();   // degrees
+    const float maxDistance = settings::kickMaxBallDistance();  // metres
+    const float maxBearing = settings::kickMaxBallBearing();    // degrees
+    const float maxHeading = settings::kickMaxHeadingError();   // degrees
 
     const float sign = attackSign(wm);
     const math::Vector3<float>& ball = wm.getBall()->getPosition();

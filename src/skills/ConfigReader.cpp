@@ -53,6 +53,12 @@ ConfigReader* ConfigReader::instance() {
     return mConfigReader;
 }
 
+const std::vector<Command*>& ConfigReader::keyFrames(const std::string& name) const {
+    static const std::vector<Command*> none;
+    const auto entry = database.find(name);
+    return entry != database.end() ? entry->second : none;
+}
+
 void ConfigReader::resetState() {
     delete mConfigReader;
     mConfigReader = nullptr;

@@ -31,6 +31,8 @@ public:
     // A copy of the database; the commands are shared, not copied.
     [[nodiscard]] Database getConfigSkillCommandDataBase() const { return database; }
     [[nodiscard]] const std::vector<std::string>& getSkillNames() const { return skillNames; }
+    // The key frames of skill `name`, kept by the reader (empty for a name without a skill).
+    [[nodiscard]] const std::vector<Command*>& keyFrames(const std::string& name) const;
 
     // Builds the database from the loaded skill files (called by the constructor).
     void configReaderFile();

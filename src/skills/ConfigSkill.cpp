@@ -34,14 +34,14 @@ Command* ConfigSkill::getConfigCommandSkill(const std::string& name, const Self*
 }
 
 unsigned int ConfigSkill::getConfigLoopStepNumber() const {
-    if (mCurrentConfigStepNumber >= currentSkill.size()) {
+    if (currentSkill == nullptr || mCurrentConfigStepNumber >= currentSkill->size()) {
         return 0;
     }
-    return currentSkill[mCurrentConfigStepNumber]->getLoopStepNumber();
+    return (*currentSkill)[mCurrentConfigStepNumber]->getLoopStepNumber();
 }
 
 Command* ConfigSkill::refreshed(unsigned int k) {
-    Command* frame = currentSkill[k];
+    Command* frame = (*currentSkill)[k];
     frame->setCurrentBody(*self->getBody());
     frame->setCurrentLastCommand(self->getLastCommand());
     return frame;
@@ -55,13 +55,12 @@ Command* ConfigSkill::play(const std::string& name, const Self* agent, const flo
     mCurrentSkillName = name;
     Debugger::logg("Main") << "mCurrentSkillName : " << name << std::endl;
 
-    database = ConfigReader::instance()->getConfigSkillCommandDataBase();
-    const auto entry = database.find(name);
-    currentSkill = entry != database.end() ? entry->second : std::vector<Command*>();
-    Debugger::logg("Main") << " size : " << currentSkill.size() << std::endl;
+    currentSkill = &ConfigReader::instance()->keyFrames(name);
+    const std::vector<Command*>& frames = *currentSkill;
+    Debugger::logg("Main") << " size : " << frames.size() << std::endl;
 
     unsigned int& k = mCurrentConfigStepNumber;
-    if (k >= currentSkill.size()) {
+    if (k >= frames.size()) {
         // Nothing to play: an unknown skill, or a step index left over from a longer skill.
         held = std::make_unique<Command>(self->getBody());
         held->setSendCommand(false);
@@ -71,7 +70,7 @@ Command* ConfigSkill::play(const std::string& name, const Self* agent, const flo
     if (angle != nullptr && k >= 3 && k <= 5) {
         turnValue = *angle;
         for (LegCommand* leg :
-             {&currentSkill[k]->getLeftLegCommand(), &currentSkill[k]->getRightLegCommand()}) {
+             {&frames[k]->getLeftLegCommand(), &frames[k]->getRightLegCommand()}) {
             leg->getRotationCommand().setJointTargetAlphaAndVelocityValue(*angle + 10.0F, 3.0F,
                                                                           0.1F);
         }
@@ -83,10 +82,10 @@ Command* ConfigSkill::play(const std::string& name, const Self* agent, const flo
     if (self->getBody()->isequal(frame->toBody(), tolerance)) {
         ++k;
         Debugger::logg("Main") << " NamE: " << name << std::endl;
-        if (k == currentSkill.size()) {
+        if (k == frames.size()) {
             finishedSkill = true;
-            k = currentSkill.back()->getLoopStepNumber();
-            if (k >= currentSkill.size()) {
+            k = frames.back()->getLoopStepNumber();
+            if (k >= frames.size()) {
                 k = 0;  // a loop step past the skill starts it over
             }
         }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -50,7 +49,7 @@ public:
     [[nodiscard]] unsigned int getConfigLoopStepNumber() const;
     // The number of key frames of the current skill.
     [[nodiscard]] unsigned int getConfigCommandSkillSize() const {
-        return static_cast<unsigned int>(currentSkill.size());
+        return currentSkill != nullptr ? static_cast<unsigned int>(currentSkill->size()) : 0U;
     }
     // The angle (degrees) of the last turn override.
     [[nodiscard]] float getTurnValue() const { return turnValue; }
@@ -60,11 +59,12 @@ private:
     // The key frame k refreshed from the agent's perceived body and last command.
     Command* refreshed(unsigned int k);
 
-    std::map<std::string, std::vector<Command*>> database;
     std::string mCurrentSkillName = skillname::kNoSkill;
     bool finishedSkill = false;
     std::unique_ptr<Self> self;
-    std::vector<Command*> currentSkill;
+    // The current skill's key frames, owned by the skill database (ConfigReader); pointed to
+    // afresh by every play, so it is never a copy.
+    const std::vector<Command*>* currentSkill = nullptr;
     float turnValue = 0.0F;
     std::unique_ptr<Command> held;  // returned when there is no key frame to play
 

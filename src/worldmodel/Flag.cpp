@@ -1,5 +1,7 @@
 #include "worldmodel/Flag.h"
 
+#include "utilities/config/Settings.h"
+
 Flag::Flag(FlagType type) : StaticObject(math::Vector3<float>()), type(type) {
     // Called during construction: this class's own version is the one meant here.
     Flag::setFlagType(type);
@@ -7,10 +9,9 @@ Flag::Flag(FlagType type) : StaticObject(math::Vector3<float>()), type(type) {
 
 void Flag::setFlagType(FlagType newType) {
     type = newType;
-    auto& field = config["WorldModelParameters"]["Field"];
-    const float halfLength = field["Length"].asFloat() * 0.5F;
-    const float halfWidth = field["Width"].asFloat() * 0.5F;
-    const float halfGoal = field["GoalWidth"].asFloat() * 0.5F;
+    const float halfLength = settings::fieldLength() * 0.5F;
+    const float halfWidth = settings::fieldWidth() * 0.5F;
+    const float halfGoal = settings::goalWidth() * 0.5F;
     switch (newType) {
         case F1L:
             setPosition(math::Vector3<float>(-halfLength, halfWidth, 0.0F));

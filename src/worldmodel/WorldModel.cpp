@@ -6,6 +6,7 @@
 
 #include "math/Angles.h"
 #include "math/Geometry.h"
+#include "utilities/config/Settings.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/logging/OnlineTimer.h"
 #include "utilities/parsing/SExpression.h"
@@ -87,7 +88,7 @@ void WorldModel::drop(const std::string& why) const {
 }
 
 bool WorldModel::update(const std::string& message) {
-    if (!config["ServerInitialize"]["Server"]["OfflinePlaying"].asBool()) {
+    if (!settings::offlinePlaying()) {
         Debugger::logg("MainOff") << message << std::endl;
     }
     std::string why;
@@ -221,7 +222,7 @@ void WorldModel::applyBall(bool seen, const math::Vector3<float>& relative) {
     }
     const float heading = direction(flagDirectionSum.y, flagDirectionSum.x);
     ball->setPosition(self->getPosition() + turn(relative, heading));
-    ball->setRadius(config["WorldModelParameters"]["Ball"]["Radius"].asFloat());
+    ball->setRadius(settings::ballRadius());
     ball->setPositionCount(0);
 }
 

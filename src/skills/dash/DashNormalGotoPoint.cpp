@@ -7,7 +7,7 @@
 #include "math/Angles.h"
 #include "math/Geometry.h"
 #include "skills/SkillNames.h"
-#include "utilities/config/Config.h"
+#include "utilities/config/Settings.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
 
@@ -20,6 +20,8 @@ constexpr float kShortWalkDistance = 0.5F;
 constexpr float kMaxLateralOffset = 0.2F;
 // Largest turn started at once, degrees.
 constexpr float kMaxTurn = 40.0F;
+// The server version whose heading comes from the polar position instead of the body direction.
+constexpr char kOldServerVersion[] = "6.0.0";
 }  // namespace
 
 std::unique_ptr<TurnAngle> DashNormalGotoPoint::turnAngle = std::make_unique<TurnAngle>();
@@ -31,11 +33,9 @@ float DashNormalGotoPoint::deltaAlpha = 0.0F;
 
 DashNormalGotoPoint::Geometry DashNormalGotoPoint::computeGeometry(const math::Point& target,
                                                                    const WorldModel& wm) {
-    // The server version is looked up every cycle, like every configuration value.
-    Config config;
     Geometry g;
     const Self* self = wm.getSelf();
-    if (config["ServerInitialize"]["Server"]["Version"].asString() != "6.0.0") {
+    if (settings::serverVersion() != kOldServerVersion) {
         const double b = static_cast<double>(self->getBodyDirection()) * math::kPi / 180.0;
         g.heading = math::Vector3<float>(static_cast<float>(std::cos(b)),
                                          static_cast<float>(std::sin(b)), 0.0F);

@@ -1,6 +1,7 @@
 #include "utilities/config/Config.h"
 
 #include "utilities/config/ConfigError.h"
+#include "utilities/config/ConfigRevision.h"
 
 // Zero-initialised before any constructor runs, so the first Config anywhere creates the registry.
 Config::ConfigFiles* Config::configFiles = nullptr;
@@ -8,6 +9,7 @@ Config::ConfigFiles* Config::configFiles = nullptr;
 Config config;
 
 void Config::ConfigFiles::add(const std::string& name) {
+    ConfigRevision::advance();
     if (files.find(name) != files.end()) {
         return;
     }
@@ -17,6 +19,7 @@ void Config::ConfigFiles::add(const std::string& name) {
 }
 
 void Config::ConfigFiles::add(const std::string& name, const std::string& fileName) {
+    ConfigRevision::advance();
     auto it = files.find(name);
     if (it != files.end()) {
         it->second->setByFile(fileName);
@@ -47,6 +50,7 @@ bool Config::ConfigFiles::exists(const std::string& name) const {
 }
 
 void Config::ConfigFiles::clear() {
+    ConfigRevision::advance();
     files.clear();
 }
 

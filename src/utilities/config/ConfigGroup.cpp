@@ -1,11 +1,13 @@
 #include "utilities/config/ConfigGroup.h"
 
 #include "utilities/config/ConfigError.h"
+#include "utilities/config/ConfigRevision.h"
 
 ConfigGroup::ConfigGroup(const std::string& configurationName, const std::string& name)
     : configurationName(configurationName), name(name) {}
 
 void ConfigGroup::add(const std::string& key, const std::string& text) {
+    ConfigRevision::advance();
     ConfigValue value(text);
     value.setLocation(configurationName, name, key);
     values.insert_or_assign(key, std::move(value));

@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "utilities/config/Config.h"
+#include "utilities/config/Settings.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/net/SocketExceptions.h"
 
@@ -68,7 +69,7 @@ void Connection::sendMessage(const std::string& message) {
     if (message.empty()) {
         return;
     }
-    if (config["ServerInitialize"]["Server"]["OfflinePlaying"].asBool()) {
+    if (settings::offlinePlaying()) {
         return;
     }
     if (!mSocket.isOpen()) {
