@@ -47,6 +47,56 @@ Command* ConfigSkill::refreshed(unsigned int k) {
     return frame;
 }
 
+void ConfigSkill::overrideTurn(Command& frame, float angle) {
+    turnValue = angle;
+    for (LegCommand* leg : {&frame.getLeftLegCommand(), &frame.getRightLegCommand()}) {
+        leg->getRotationCommand().setJointTargetAlphaAndVelocityValue(angle + 10.0F, 3.0F, 0.1F);
+    }
+}
+
+Command* ConfigSkill::advance(const std::string& name) {
+    const std::vector<Command*>& frames = *currentSkill;
+    unsigned int& k = mCurrentConfigStepNumber;
+    Command* frame = refreshed(k);
+    const float tolerance =
+        frame->isPrecision() ? frame->getPrecisionValue() : SkillFile::kDefaultPrecision;
+    if (self->getBody()->isequal(frame->toBody(), tolerance)) {
+        ++k;
+        Debugger::logg("Main") << " NamE: " << name << std::endl;
+        if (k == frames.size()) {
+            finishedSkill = true;
+            k = frames.back()->getLoopStepNumber();
+            if (k >= frames.size()) {
+                k = 0;  // a loop step past the skill starts it over
+            }
+        }
+        frame = refreshed(k);
+    }
+    return frame;
+}
+
+void ConfigSkill::applyCorrections(Command& frame, const float* now) {
+    LegCommand& leftLeg = frame.getLeftLegCommand();
+    LegCommand& rightLeg = frame.getRightLegCommand();
+    if (frame.isLeftRaise2()) {
+        leftLeg.raise2(frame.getLeftRaise2Value(), frame.getLeftRaise2Speed());
+    }
+    if (frame.isRightRaise2()) {
+        rightLeg.raise2(frame.getRightRaise2Value(), frame.getRightRaise2Speed());
+    }
+    if (frame.isLeftFootParallerGround()) {
+        leftLeg.footParallerGround(self->getPolarPosition(),
+                                   frame.getLeftFootParallerGroundVelocityValue());
+    }
+    if (frame.isRightFootParallerGround()) {
+        rightLeg.footParallerGround(self->getPolarPosition(),
+                                    frame.getRightFootParallerGroundVelocityValue());
+    }
+    if (frame.isWait() && now != nullptr) {
+        frame.doWait(frame.getWaitValue(), *now);
+    }
+}
+
 Command* ConfigSkill::play(const std::string& name, const Self* agent, const float* now,
                            const float* angle) {
     finishedSkill = false;
@@ -68,55 +118,15 @@ Command* ConfigSkill::play(const std::string& name, const Self* agent, const flo
     }
 
     if (angle != nullptr && k >= 3 && k <= 5) {
-        turnValue = *angle;
-        for (LegCommand* leg :
-             {&frames[k]->getLeftLegCommand(), &frames[k]->getRightLegCommand()}) {
-            leg->getRotationCommand().setJointTargetAlphaAndVelocityValue(*angle + 10.0F, 3.0F,
-                                                                          0.1F);
-        }
+        overrideTurn(*frames[k], *angle);
     }
-
-    Command* frame = refreshed(k);
-    const float tolerance =
-        frame->isPrecision() ? frame->getPrecisionValue() : SkillFile::kDefaultPrecision;
-    if (self->getBody()->isequal(frame->toBody(), tolerance)) {
-        ++k;
-        Debugger::logg("Main") << " NamE: " << name << std::endl;
-        if (k == frames.size()) {
-            finishedSkill = true;
-            k = frames.back()->getLoopStepNumber();
-            if (k >= frames.size()) {
-                k = 0;  // a loop step past the skill starts it over
-            }
-        }
-        frame = refreshed(k);
-    }
+    Command* frame = advance(name);
     Debugger::logg("Main") << "mCurrentConfigStepNumber : " << k << std::endl;
-
-    LegCommand& leftLeg = frame->getLeftLegCommand();
-    LegCommand& rightLeg = frame->getRightLegCommand();
-    if (frame->isLeftRaise2()) {
-        leftLeg.raise2(frame->getLeftRaise2Value(), frame->getLeftRaise2Speed());
-    }
-    if (frame->isRightRaise2()) {
-        rightLeg.raise2(frame->getRightRaise2Value(), frame->getRightRaise2Speed());
-    }
-    if (frame->isLeftFootParallerGround()) {
-        leftLeg.footParallerGround(self->getPolarPosition(),
-                                   frame->getLeftFootParallerGroundVelocityValue());
-    }
-    if (frame->isRightFootParallerGround()) {
-        rightLeg.footParallerGround(self->getPolarPosition(),
-                                    frame->getRightFootParallerGroundVelocityValue());
-    }
-    if (frame->isWait() && now != nullptr) {
-        frame->doWait(frame->getWaitValue(), *now);
-    }
-
-    Debugger::logg("Main") << "lle5 current : "
-                           << leftLeg.getHingeJointCommand(4).getJointCurrentAlphaValue()
-                           << std::endl;
-
+    applyCorrections(*frame, now);
+    Debugger::logg("Main")
+        << "lle5 current : "
+        << frame->getLeftLegCommand().getHingeJointCommand(4).getJointCurrentAlphaValue()
+        << std::endl;
     frame->setAllCommands();
     return frame;
 }

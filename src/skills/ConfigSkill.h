@@ -58,6 +58,13 @@ private:
     Command* play(const std::string& name, const Self* agent, const float* now, const float* angle);
     // The key frame k refreshed from the agent's perceived body and last command.
     Command* refreshed(unsigned int k);
+    // Steps 3 to 5 of a turn: both legs' hip rotation aimed at `angle` + 10 degrees.
+    void overrideTurn(Command& frame, float angle);
+    // The key frame to play: the current one, or the next when the body has reached the
+    // current one within its precision (then the skill may finish and loop).
+    Command* advance(const std::string& name);
+    // The step's raises, feet parallel to the ground and wait, applied to `frame`.
+    void applyCorrections(Command& frame, const float* now);
 
     std::string mCurrentSkillName = skillname::kNoSkill;
     bool finishedSkill = false;

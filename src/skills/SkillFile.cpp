@@ -59,6 +59,106 @@ unsigned int stepCount(const ConfigFile& file) {
     return count > 0 ? static_cast<unsigned int>(count) : 0U;
 }
 
+// The step flags of one key frame: feet parallel to the ground, wait, raises and precision.
+// Returns the precision of the step's joint targets (degrees).
+float readStepFlags(const ConfigGroup& step, Command& command) {
+    const ConfigValue& leftFoot = step["leftFootParallerGround"];
+    command.setLeftFootParallerGround(wordAsBool(leftFoot, 0));
+    if (command.isLeftFootParallerGround()) {
+        command.setLeftFootParallerGroundVelocityValue(wordAsFloat(leftFoot, 1));
+    }
+    const ConfigValue& rightFoot = step["rightFootParallerGround"];
+    command.setRightFootParallerGround(wordAsBool(rightFoot, 0));
+    if (command.isRightFootParallerGround()) {
+        command.setRightFootParallerGroundVelocityValue(wordAsFloat(rightFoot, 1));
+    }
+
+    command.setWait(step.exists("wait"));
+    if (command.isWait()) {
+        command.setWaitValue(wordAsFloat(step["wait"], 0));
+    }
+
+    const ConfigValue& leftRaise = step["leftRaise2"];
+    command.setLeftRaise2(wordAsBool(leftRaise, 0));
+    if (command.isLeftRaise2()) {
+        command.setLeftRaise2Value(wordAsFloat(leftRaise, 1));
+        command.setLeftRaise2Speed(wordAsFloat(leftRaise, 2));
+    }
+    const ConfigValue& rightRaise = step["rightRaise2"];
+    command.setRightRaise2(wordAsBool(rightRaise, 0));
+    if (command.isRightRaise2()) {
+        command.setRightRaise2Value(wordAsFloat(rightRaise, 1));
+        command.setRightRaise2Speed(wordAsFloat(rightRaise, 2));
+    }
+
+    float precision = SkillFile::kDefaultPrecision;
+    const ConfigValue& precisionValue = step["precision"];
+    command.setPrecision(wordAsBool(precisionValue, 0));
+    if (command.isPrecision()) {
+        precision = wordAsFloat(precisionValue, 1);
+        command.setPrecisionValue(precision);
+    }
+    return precision;
+}
+
+// The joint targets and speeds of one key frame, limb by limb; a leg target "LT" keeps the
+// target of the command sent last (`lastSent`, may be null) for that joint of both legs.
+void readJointTargets(const ConfigFile& file, const std::string& groupName, float precision,
+                      const Command* lastSent, Command& command) {
+    const ConfigGroup& step = file[groupName];
+    const auto& table = SkillFile::limbs();
+    const SkillFile::LimbKeys& head = table[0];
+    const SkillFile::LimbKeys& leftArm = table[1];
+    const SkillFile::LimbKeys& rightArm = table[2];
+    const SkillFile::LimbKeys& leftLeg = table[3];
+    const SkillFile::LimbKeys& rightLeg = table[4];
+
+    // Sets joint j of a limb command from the limb's two keys unless the limb is left out.
+    auto fromFile = [&](auto& limbCommand, const SkillFile::LimbKeys& limb, unsigned int j) {
+        if (SkillFile::isLeftOut(file, groupName, limb)) {
+            return;
+        }
+        const int word = static_cast<int>(j);
+        limbCommand.getHingeJointCommand(j).setJointTargetAlphaAndVelocityValue(
+            wordAsFloat(step[limb.targetKey], word), wordAsFloat(step[limb.speedKey], word),
+            precision);
+    };
+    // Keeps the last sent target of leg joint j, at the lowest speed.
+    auto lastTarget = [&](LegCommand& legCommand, const LegCommand* sentLeg,
+                          const SkillFile::LimbKeys& limb, unsigned int j) {
+        if (SkillFile::isLeftOut(file, groupName, limb)) {
+            return;
+        }
+        const float target =
+            sentLeg != nullptr ? sentLeg->getHingeJointCommand(j).getJointTargetAlphaValue() : 0.0F;
+        legCommand.getHingeJointCommand(j).setJointTargetAlphaAndVelocityValue(target, 0.0F,
+                                                                               precision);
+    };
+
+    const ConfigValue& leftLegTargets = step[leftLeg.targetKey];
+    for (unsigned int j = 0; j < leftLeg.jointCount; ++j) {
+        const int word = static_cast<int>(j);
+        if (word < leftLegTargets.size() &&
+            wordText(leftLegTargets, word) == SkillFile::kLastTarget) {
+            lastTarget(command.getLeftLegCommand(),
+                       lastSent != nullptr ? &lastSent->getLeftLegCommand() : nullptr, leftLeg, j);
+            lastTarget(command.getRightLegCommand(),
+                       lastSent != nullptr ? &lastSent->getRightLegCommand() : nullptr, rightLeg,
+                       j);
+        } else {
+            fromFile(command.getLeftLegCommand(), leftLeg, j);
+            fromFile(command.getRightLegCommand(), rightLeg, j);
+        }
+    }
+    for (unsigned int j = 0; j < leftArm.jointCount; ++j) {
+        fromFile(command.getLeftArmCommand(), leftArm, j);
+        fromFile(command.getRightArmCommand(), rightArm, j);
+    }
+    for (unsigned int j = 0; j < head.jointCount; ++j) {
+        fromFile(command.getHeadCommand(), head, j);
+    }
+}
+
 }  // namespace
 
 const std::vector<SkillFile::LimbKeys>& SkillFile::limbs() {
@@ -144,99 +244,10 @@ std::vector<Command*> SkillFile::buildKeyFrames(const ConfigFile& file, const Co
         auto* command = new Command(&zero);
         const std::string groupName = stepGroup(s);
         const ConfigGroup& step = file[groupName];
-
         command->setLoopStepNumber(
             static_cast<unsigned int>(std::max(defaults["LoopStepNumber"].asInt() - 1, 0)));
-
-        const ConfigValue& leftFoot = step["leftFootParallerGround"];
-        command->setLeftFootParallerGround(wordAsBool(leftFoot, 0));
-        if (command->isLeftFootParallerGround()) {
-            command->setLeftFootParallerGroundVelocityValue(wordAsFloat(leftFoot, 1));
-        }
-        const ConfigValue& rightFoot = step["rightFootParallerGround"];
-        command->setRightFootParallerGround(wordAsBool(rightFoot, 0));
-        if (command->isRightFootParallerGround()) {
-            command->setRightFootParallerGroundVelocityValue(wordAsFloat(rightFoot, 1));
-        }
-
-        command->setWait(step.exists("wait"));
-        if (command->isWait()) {
-            command->setWaitValue(wordAsFloat(step["wait"], 0));
-        }
-
-        const ConfigValue& leftRaise = step["leftRaise2"];
-        command->setLeftRaise2(wordAsBool(leftRaise, 0));
-        if (command->isLeftRaise2()) {
-            command->setLeftRaise2Value(wordAsFloat(leftRaise, 1));
-            command->setLeftRaise2Speed(wordAsFloat(leftRaise, 2));
-        }
-        const ConfigValue& rightRaise = step["rightRaise2"];
-        command->setRightRaise2(wordAsBool(rightRaise, 0));
-        if (command->isRightRaise2()) {
-            command->setRightRaise2Value(wordAsFloat(rightRaise, 1));
-            command->setRightRaise2Speed(wordAsFloat(rightRaise, 2));
-        }
-
-        float precision = kDefaultPrecision;
-        const ConfigValue& precisionValue = step["precision"];
-        command->setPrecision(wordAsBool(precisionValue, 0));
-        if (command->isPrecision()) {
-            precision = wordAsFloat(precisionValue, 1);
-            command->setPrecisionValue(precision);
-        }
-
-        const auto& table = limbs();
-        const LimbKeys& head = table[0];
-        const LimbKeys& leftArm = table[1];
-        const LimbKeys& rightArm = table[2];
-        const LimbKeys& leftLeg = table[3];
-        const LimbKeys& rightLeg = table[4];
-
-        // Sets joint j of a limb command from the limb's two keys unless the limb is left out.
-        auto fromFile = [&](auto& limbCommand, const LimbKeys& limb, unsigned int j) {
-            if (isLeftOut(file, groupName, limb)) {
-                return;
-            }
-            const int word = static_cast<int>(j);
-            limbCommand.getHingeJointCommand(j).setJointTargetAlphaAndVelocityValue(
-                wordAsFloat(step[limb.targetKey], word), wordAsFloat(step[limb.speedKey], word),
-                precision);
-        };
-        // Keeps the last sent target of leg joint j, at the lowest speed.
-        auto lastTarget = [&](LegCommand& legCommand, const LegCommand* sentLeg,
-                              const LimbKeys& limb, unsigned int j) {
-            if (isLeftOut(file, groupName, limb)) {
-                return;
-            }
-            const float target = sentLeg != nullptr
-                                     ? sentLeg->getHingeJointCommand(j).getJointTargetAlphaValue()
-                                     : 0.0F;
-            legCommand.getHingeJointCommand(j).setJointTargetAlphaAndVelocityValue(target, 0.0F,
-                                                                                   precision);
-        };
-
-        const ConfigValue& leftLegTargets = step[leftLeg.targetKey];
-        for (unsigned int j = 0; j < leftLeg.jointCount; ++j) {
-            const int word = static_cast<int>(j);
-            if (word < leftLegTargets.size() && wordText(leftLegTargets, word) == kLastTarget) {
-                lastTarget(command->getLeftLegCommand(),
-                           lastSent != nullptr ? &lastSent->getLeftLegCommand() : nullptr, leftLeg,
-                           j);
-                lastTarget(command->getRightLegCommand(),
-                           lastSent != nullptr ? &lastSent->getRightLegCommand() : nullptr,
-                           rightLeg, j);
-            } else {
-                fromFile(command->getLeftLegCommand(), leftLeg, j);
-                fromFile(command->getRightLegCommand(), rightLeg, j);
-            }
-        }
-        for (unsigned int j = 0; j < leftArm.jointCount; ++j) {
-            fromFile(command->getLeftArmCommand(), leftArm, j);
-            fromFile(command->getRightArmCommand(), rightArm, j);
-        }
-        for (unsigned int j = 0; j < head.jointCount; ++j) {
-            fromFile(command->getHeadCommand(), head, j);
-        }
+        const float precision = readStepFlags(step, *command);
+        readJointTargets(file, groupName, precision, lastSent, *command);
         frames.push_back(command);
     }
     return frames;

@@ -79,88 +79,97 @@ DashNormalGotoPoint::DashNormalGotoPoint(const math::Point& target, const WorldM
                            << " angle: " << g.angle << " lateral: " << g.lateral
                            << " minTurnAngle: " << g.minTurnAngle << std::endl;
 
-    // Has the movement in progress reached its end?
-    if (isAction) {
-        finished = turnAngle->isFinished();
-        if (finished) {
-            const float lengths = g.heading.length() * g.toTarget.length();
-            const float dot = g.heading.getX() * g.toTarget.getX() +
-                              g.heading.getY() * g.toTarget.getY() +
-                              g.heading.getZ() * g.toTarget.getZ();
-            // Rounding may carry the cosine of a straight line just past 1; on the target
-            // itself there is no angle left.
-            deltaAlpha = lengths > 0.0F
-                             ? math::toDegrees(std::acos(std::clamp(dot / lengths, -1.0F, 1.0F)))
-                             : 0.0F;
-            resetTurnPlayer();
-        }
-    } else {
-        finished = configSkill.isFinished();
-    }
-
-    const bool offLine =
-        std::fabs(g.angle) > g.minTurnAngle && std::fabs(g.lateral) > kMaxLateralOffset;
-
+    checkMovementEnded(g);
     if (!firstFinished) {
-        // The very first decision of the process; the remembered angle is still 0 here.
-        if (g.distance < kArrivedDistance) {
-            play(skillname::kStop, wm);
-            isAction = false;
-        } else if (std::fabs(deltaAlpha) > g.minTurnAngle &&
-                   std::fabs(g.lateral) > kMaxLateralOffset) {
-            startTurn(g.angle, wm);
-        } else {
-            walkSkillType =
-                g.distance < kShortWalkDistance ? skillname::kShortWalk : skillname::kWalk;
-            play(walkSkillType, wm);
-            isAction = false;
-        }
+        firstDecision(g, wm);
         firstFinished = true;
     } else if (!finished) {
-        // A movement is under way: let it go on.
-        if (isAction) {
-            turnAngle = std::make_unique<TurnAngle>(-deltaAlpha, wm, 0.0F, false);
-            command = turnAngle->getCommand();
-        } else {
-            play(configSkill.getCurrentSkillName(), wm);
-            isAction = false;
-        }
+        continueMovement(wm);
     } else {
-        // The previous movement has ended: decide afresh.
-        walkSkillType = g.distance < kShortWalkDistance ? skillname::kShortWalk : skillname::kWalk;
-        if (g.distance < kArrivedDistance) {
-            if (configSkill.getCurrentSkillName() == skillname::kStop) {
-                setSuccessRate(100.0F);
-                command = new Command(configSkill.getConfigCommandSkill(
-                    configSkill.getCurrentSkillName(), wm.getSelf()));
-            } else {
-                configSkill.setCurrentConfigStepNumber(0);
-                play(skillname::kStop, wm);
-            }
-            isAction = false;
-        } else if (offLine) {
-            if (configSkill.getCurrentSkillName() == walkSkillType) {
-                configSkill.setCurrentConfigStepNumber(0);
-                play(skillname::kStop, wm);
-                isAction = false;
-            } else {
-                resetTurnPlayer();
-                startTurn(g.angle, wm);
-            }
-        } else {
-            if (configSkill.getCurrentSkillName() == walkSkillType) {
-                configSkill.setCurrentConfigStepNumber(configSkill.getConfigLoopStepNumber());
-            } else {
-                configSkill.setCurrentConfigStepNumber(0);
-            }
-            play(walkSkillType, wm);
-            isAction = false;
-        }
+        decideAfresh(g, wm);
     }
 
     if (isDropCommand()) {
         delete command;
         command = nullptr;
+    }
+}
+
+void DashNormalGotoPoint::checkMovementEnded(const Geometry& g) {
+    if (!isAction) {
+        finished = configSkill.isFinished();
+        return;
+    }
+    finished = turnAngle->isFinished();
+    if (finished) {
+        const float lengths = g.heading.length() * g.toTarget.length();
+        const float dot = g.heading.getX() * g.toTarget.getX() +
+                          g.heading.getY() * g.toTarget.getY() +
+                          g.heading.getZ() * g.toTarget.getZ();
+        // Rounding may carry the cosine of a straight line just past 1; on the target itself
+        // there is no angle left.
+        deltaAlpha = lengths > 0.0F
+                         ? math::toDegrees(std::acos(std::clamp(dot / lengths, -1.0F, 1.0F)))
+                         : 0.0F;
+        resetTurnPlayer();
+    }
+}
+
+void DashNormalGotoPoint::firstDecision(const Geometry& g, const WorldModel& wm) {
+    // The remembered angle is still 0 here.
+    if (g.distance < kArrivedDistance) {
+        play(skillname::kStop, wm);
+        isAction = false;
+    } else if (std::fabs(deltaAlpha) > g.minTurnAngle && std::fabs(g.lateral) > kMaxLateralOffset) {
+        startTurn(g.angle, wm);
+    } else {
+        walkSkillType = g.distance < kShortWalkDistance ? skillname::kShortWalk : skillname::kWalk;
+        play(walkSkillType, wm);
+        isAction = false;
+    }
+}
+
+void DashNormalGotoPoint::continueMovement(const WorldModel& wm) {
+    if (isAction) {
+        turnAngle = std::make_unique<TurnAngle>(-deltaAlpha, wm, 0.0F, false);
+        command = turnAngle->getCommand();
+    } else {
+        play(configSkill.getCurrentSkillName(), wm);
+        isAction = false;
+    }
+}
+
+void DashNormalGotoPoint::decideAfresh(const Geometry& g, const WorldModel& wm) {
+    const bool offLine =
+        std::fabs(g.angle) > g.minTurnAngle && std::fabs(g.lateral) > kMaxLateralOffset;
+    walkSkillType = g.distance < kShortWalkDistance ? skillname::kShortWalk : skillname::kWalk;
+    if (g.distance < kArrivedDistance) {
+        if (configSkill.getCurrentSkillName() == skillname::kStop) {
+            setSuccessRate(100.0F);
+            command = new Command(
+                configSkill.getConfigCommandSkill(configSkill.getCurrentSkillName(), wm.getSelf()));
+        } else {
+            configSkill.setCurrentConfigStepNumber(0);
+            play(skillname::kStop, wm);
+        }
+        isAction = false;
+    } else if (offLine) {
+        if (configSkill.getCurrentSkillName() == walkSkillType) {
+            configSkill.setCurrentConfigStepNumber(0);
+            play(skillname::kStop, wm);
+            isAction = false;
+        } else {
+            resetTurnPlayer();
+            startTurn(g.angle, wm);
+        }
+    } else {
+        if (configSkill.getCurrentSkillName() == walkSkillType) {
+            configSkill.setCurrentConfigStepNumber(configSkill.getConfigLoopStepNumber());
+        } else {
+            configSkill.setCurrentConfigStepNumber(0);
+        }
+        play(walkSkillType, wm);
+        isAction = false;
     }
 }
 

@@ -54,6 +54,17 @@ public:
     static void resetState();
 
 private:
+    // The parts of one cycle, in order. Has the movement in progress (turn or walk) ended? On
+    // the end of a turn, the angle still left between heading and target is remembered.
+    void checkMovementEnded(const Geometry& g);
+    // The very first decision of the process: stop, turn or walk.
+    void firstDecision(const Geometry& g, const WorldModel& wm);
+    // A movement is under way: let it go on.
+    void continueMovement(const WorldModel& wm);
+    // The previous movement has ended: arrived (stop), off the line (stop the walk, then turn)
+    // or walk on.
+    void decideAfresh(const Geometry& g, const WorldModel& wm);
+
     void play(const std::string& name, const WorldModel& wm);
     void startTurn(float angle, const WorldModel& wm);
     static void resetTurnPlayer();
