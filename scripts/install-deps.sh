@@ -2,8 +2,9 @@
 # Installs the Debian packages the build and the tests need, skipping those already present.
 # Runs apt-get only when something is missing, so a prepared machine starts at once.
 set -euo pipefail
+# python3: the key-frame sheets (tools/keyframes, standard library only) that the tests rerun.
 packages=(g++ make cmake libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
-  clang libclang-rt-14-dev clang-format)
+  clang libclang-rt-14-dev clang-format clang-tidy python3)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

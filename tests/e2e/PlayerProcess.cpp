@@ -13,6 +13,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "support/FileHelpers.h"
+
 namespace fs = std::filesystem;
 
 void PlayerProcess::prepareRunDirectory(const std::string& dir) {
@@ -127,13 +129,11 @@ void PlayerProcess::signal(int signalNumber) const {
 }
 
 std::string PlayerProcess::standardOutput() const {
-    std::ifstream in(dir + "/stdout.txt");
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    return support::readFile(dir + "/stdout.txt");
 }
 
 std::string PlayerProcess::standardError() const {
-    std::ifstream in(dir + "/stderr.txt");
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    return support::readFile(dir + "/stderr.txt");
 }
 
 std::vector<std::string> PlayerProcess::logLines(const std::string& name) const {
