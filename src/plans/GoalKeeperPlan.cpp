@@ -3,11 +3,13 @@
 #include <utility>
 
 #include "commands/Command.h"
+#include "skills/dive/DivePosture.h"
 #include "skills/dive/LeftDiv.h"
 #include "skills/dive/RightDiv.h"
 #include "skills/sidewalk/BasicSideWalk.h"
 #include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
+#include "worldmodel/FallRule.h"
 #include "worldmodel/WorldModel.h"
 
 namespace {
@@ -63,6 +65,11 @@ void GoalKeeperPlan::decide() {
         chooseAfresh();
     }
 
+    if (wm->getFallRule() == FallRule::Attitude) {
+        getUpAfterFall();
+        return;
+    }
+
     // Fall check, every cycle: starts any idle dive clock, and gets a fallen keeper up once a
     // clock has run more than 20 s.
     const RightDiv rightDiv(wm);
@@ -77,6 +84,35 @@ void GoalKeeperPlan::decide() {
         replaceCommand(standUp.getCommand());
         name = "standup";
     }
+}
+
+void GoalKeeperPlan::getUpAfterFall() {
+    if (name != "div") {
+        // No dive in progress: the next dive starts its clock afresh.
+        RightDiv::setTime(-1.0F);
+        LeftDiv::setTime(-1.0F);
+    }
+    if (!wm->isFallen() || name == "standup") {
+        return;
+    }
+    if (name == "div") {
+        // The dive began when the first of the two clocks started.
+        float began = wm->getTime();
+        for (const float clock : {RightDiv::getTime(), LeftDiv::getTime()}) {
+            if (clock != -1.0F && clock < began) {
+                began = clock;
+            }
+        }
+        if (!dive::isDiveOver(began, wm->getTime())) {
+            return;  // lying in the ball's way is the dive's point
+        }
+    }
+    RightDiv::setTime(-1.0F);
+    LeftDiv::setTime(-1.0F);
+    Command::setTime(-1.0F);
+    BasicStandUp standUp(*wm, true, false);
+    replaceCommand(standUp.getCommand());
+    name = "standup";
 }
 
 void GoalKeeperPlan::chooseAfresh() {

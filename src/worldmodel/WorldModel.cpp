@@ -97,6 +97,9 @@ bool WorldModel::update(const std::string& message) {
     }
 
     setTime(percepts.now);
+    fallRule = readFallRule(config);
+    attitude.update(time, percepts.hasAcceleration ? &percepts.acceleration : nullptr,
+                    percepts.hasGyro ? &percepts.gyroRate : nullptr);
     if (percepts.hasGameState) {
         applyGameState(percepts.gameState);
     }
@@ -113,6 +116,12 @@ bool WorldModel::update(const std::string& message) {
             self->setBodyDirection(wrapAngle(headDirection.x + pan * -0.0174532924F) * 57.2957764F);
         }
         Debugger::logg("Main") << "BodyDirection: " << self->getBodyDirection() << std::endl;
+        if (fallRule == FallRule::Attitude) {
+            Debugger::logg("Main")
+                << "Fall: landmarks " << fallenValue << " tilt " << attitude.getTilt() << " lean "
+                << TorsoAttitude::leanName(attitude.getLean()) << " fallen " << attitude.isFallen()
+                << std::endl;
+        }
     }
     Debugger::logg("Main") << std::endl
                            << "Time: " << time
