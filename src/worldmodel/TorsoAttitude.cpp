@@ -16,9 +16,10 @@ constexpr float kRadToDeg = 57.29578F;
 // this band; the gyroscope carries the estimate there.
 constexpr float kTrustedBand = 0.3F;
 // Share of the accelerometer's direction taken per trusted message (20 ms): the gyroscope's
-// drift and a wrong start are forgotten with a time constant of about 0.4 s, while a swing of
-// the accelerometer over a few messages moves the estimate only a few degrees.
-constexpr float kAccelerometerWeight = 0.05F;
+// drift, a wrong start and a robot put down lying by the referee (which no gyroscope sees) are
+// forgotten with a time constant of about 0.2 s: such a robot reads fallen about 0.3 s later.
+// One wrong reading that gets past the median moves the estimate by a tenth of its angle.
+constexpr float kAccelerometerWeight = 0.1F;
 // Longest gap (seconds) over which the gyroscope's rates are added up; after a longer silence
 // only the accelerometer is trusted.
 constexpr float kMaxTurnStep = 0.1F;
