@@ -62,8 +62,8 @@ protected:
 };
 
 TEST_F(FallRecoveryTest, StandUpSideComesFromTheAttitudeNotTheFoot) {
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"front", "FrontStandUp"}, {"back", "BackStandUp"}};
+    const std::vector<std::pair<std::string, std::string>> cases = {{"front", "FrontStandUp"},
+                                                                    {"back", "BackStandUp"}};
     for (const auto& [side, skill] : cases) {
         WorldModel world;
         lie(side);

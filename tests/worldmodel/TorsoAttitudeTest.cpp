@@ -64,7 +64,8 @@ std::vector<std::string> walking(int count) {
                         static_cast<float>(-9.81 * std::sin(forward) - strike),
                         static_cast<float>(9.81 * std::cos(side) * std::cos(forward) + strike),
                         static_cast<float>(-2.0 * 2.0 * kTwoPi * std::cos(2.0 * kTwoPi * t)),
-                        static_cast<float>(3.0 * kTwoPi * std::cos(kTwoPi * t)), 0.0F};
+                        static_cast<float>(3.0 * kTwoPi * std::cos(kTwoPi * t)),
+                        0.0F};
         out.push_back(messageAt(i, r));
     }
     return out;
