@@ -97,7 +97,10 @@ bool WorldModel::update(const std::string& message) {
     }
 
     setTime(percepts.now);
-    fallRule = readFallRule(config);
+    if (!fallRuleRead) {
+        fallRule = readFallRule(config);
+        fallRuleRead = true;
+    }
     attitude.update(time, percepts.hasAcceleration ? &percepts.acceleration : nullptr,
                     percepts.hasGyro ? &percepts.gyroRate : nullptr);
     if (percepts.hasGameState) {

@@ -74,8 +74,8 @@ public:
     /// 0 while unknown, 1 left, 2 right.
     int getSide() const { return side; }
     /// Whether the robot lies on the ground, by the rule the configuration chooses (read with
-    /// every message): `Attitude`, the torso's attitude says so; `Landmarks`, the largest
-    /// vertical offset of a landmark seen last exceeds 6 metres.
+    /// the first message taken in): `Attitude`, the torso's attitude says so; `Landmarks`, the
+    /// largest vertical offset of a landmark seen last exceeds 6 metres.
     bool isFallen() const {
         return fallRule == FallRule::Attitude ? attitude.isFallen() : fallenValue > 6.0F;
     }
@@ -135,6 +135,7 @@ private:
     int side = 0;
     TorsoAttitude attitude;
     FallRule fallRule = FallRule::Landmarks;
+    bool fallRuleRead = false;
 
     /// Scratch space for reading one message; not part of the picture of the game.
     std::string wrapped;
