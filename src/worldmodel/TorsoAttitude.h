@@ -23,11 +23,10 @@ public:
     /// Where the torso leans: its front, back, left or right side towards the ground.
     enum class Lean { Forward, Backward, Left, Right };
 
-    /// One perceptor message at simulation time `now` (seconds). `acceleration` (m/s^2) and
+    /// One perceptor message at simulation time `now` (seconds). `reading` (m/s^2) and
     /// `rates` (degrees per second) are null when the message does not carry them; a message
     /// without "ACC" keeps the previous reading.
-    void update(float now, const math::Vector3<float>* acceleration,
-                const math::Vector3<float>* rates);
+    void update(float now, const math::Vector3<float>* reading, const math::Vector3<float>* rates);
 
     /// Tilt of the torso's z axis from vertical (degrees): 0 upright, 90 lying, 180 upside
     /// down. 0 until the accelerometer has read about 1 g once.

@@ -17,7 +17,7 @@ protected:
 
     // Registers "WorldModelParameters" read from a file with `content`; returns its path.
     std::string load(const std::string& content) {
-        const std::string path = dir.write("WorldModelParameters.conf", content);
+        std::string path = dir.write("WorldModelParameters.conf", content);
         config.add("WorldModelParameters", path);
         return path;
     }

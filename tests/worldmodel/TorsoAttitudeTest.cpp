@@ -176,7 +176,7 @@ TEST_F(TorsoAttitudeTest, MalformedAccelerometerDropsTheMessageAndMissingKeepsTh
         ASSERT_TRUE(wm.update(m));
     }
     ASSERT_TRUE(wm.isFallen());
-    const std::string good = lying.back();
+    const std::string& good = lying.back();
     const std::string tail = "(ACC (n torso) (a 0.00 -9.81 0.00))";
     ASSERT_NE(good.find(tail), std::string::npos);
     const std::string upright = good.substr(0, good.find(tail));
