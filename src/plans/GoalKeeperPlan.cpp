@@ -77,12 +77,7 @@ void GoalKeeperPlan::decide() {
     const LeftDiv leftDiv(wm);
     delete leftDiv.getCommand();
     if (wm->isFallen() && name != "standup" && (rightDiv.isFinished() || leftDiv.isFinished())) {
-        RightDiv::setTime(-1.0F);
-        LeftDiv::setTime(-1.0F);
-        Command::setTime(-1.0F);
-        BasicStandUp standUp(*wm, true, false);
-        replaceCommand(standUp.getCommand());
-        name = "standup";
+        beginStandUp();
     }
 }
 
@@ -107,6 +102,10 @@ void GoalKeeperPlan::getUpAfterFall() {
             return;  // lying in the ball's way is the dive's point
         }
     }
+    beginStandUp();
+}
+
+void GoalKeeperPlan::beginStandUp() {
     RightDiv::setTime(-1.0F);
     LeftDiv::setTime(-1.0F);
     Command::setTime(-1.0F);

@@ -45,6 +45,8 @@ private:
     void chooseAfresh();
     // The stand-up rule under the fall rule `Attitude`.
     void getUpAfterFall();
+    // Stops both dive clocks and the commands' wait clock and begins a stand-up.
+    void beginStandUp();
     void dive(bool left);
     void replaceCommand(Command* next);
 
