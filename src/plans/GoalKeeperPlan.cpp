@@ -91,14 +91,16 @@ void GoalKeeperPlan::getUpAfterFall() {
         return;
     }
     if (name == "div") {
-        // The dive began when the first of the two clocks started.
+        // The dive began when the first of the two clocks started. Only a dive begun before
+        // the fall was known keeps the keeper down: one chosen on the ground (from the ball as
+        // seen lying there) is no reason to stay.
         float began = wm->getTime();
         for (const float clock : {RightDiv::getTime(), LeftDiv::getTime()}) {
             if (clock != -1.0F && clock < began) {
                 began = clock;
             }
         }
-        if (!dive::isDiveOver(began, wm->getTime())) {
+        if (began < wm->getAttitude().getFallenSince() && !dive::isDiveOver(began, wm->getTime())) {
             return;  // lying in the ball's way is the dive's point
         }
     }

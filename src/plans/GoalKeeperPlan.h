@@ -12,9 +12,9 @@ class WorldModel;
 // dive limit (-5 m when the team plays on the left, +5 m otherwise) it side-steps towards the
 // middle of its goal line ("sideWalk"); below the limit it dives to the ball's side ("div").
 // Getting up ("standup") depends on the fall rule: under `Attitude` a fallen keeper begins its
-// stand-up in the cycle the fall is known, unless it lies there diving: then it stays down while
-// the plan keeps diving (the ball past the dive limit), at most 20 s from the dive's start, and
-// gets up as soon as the dive ends. Under `Landmarks` it gets up once fallen with a dive clock
+// stand-up in the cycle the fall is known, unless it fell diving: then it stays down while the
+// plan keeps diving (the ball past the dive limit), at most 20 s from the dive's start, and gets
+// up as soon as the dive ends. Under `Landmarks` it gets up once fallen with a dive clock
 // past 20 s (the clocks run from the first cycle and from the last stand-up).
 class GoalKeeperPlan : public AdvancePlan {
 public:

@@ -30,11 +30,13 @@ constexpr float kMaxTurnStep = 0.1F;
 // before the robot lies flat on its back (9.26 s) and the robot reads fallen at 9.32 s.
 constexpr float kFallTilt = 60.0F;  // degrees
 constexpr float kFallHold = 0.06F;  // seconds
-// Up again below 35 degrees held for 0.2 s: flailing on its back for 55 s in the same recording,
-// the robot never comes below 36 degrees, and a stand-up ends upright (under 10 degrees), so
-// only a robot back on its feet passes.
+// Up again below 35 degrees held for 0.04 s: flailing on its back for 55 s in the same
+// recording, the robot never comes below 36 degrees, and a stand-up ends upright (under 10
+// degrees). The hold is short because a stand-up that ends while the answer is still "fallen"
+// is begun again at once, on a robot that is up: in the keeper's role trials on the real server
+// a hold of 0.2 s let that happen.
 constexpr float kUpTilt = 35.0F;  // degrees
-constexpr float kUpHold = 0.2F;   // seconds
+constexpr float kUpHold = 0.04F;  // seconds
 // Simulation times are sent with two decimals and read as floats.
 constexpr float kTimeTolerance = 0.001F;  // seconds
 
@@ -125,6 +127,9 @@ void TorsoAttitude::decide(float now) {
     if (now - pendingSince >= hold - kTimeTolerance) {
         fallen = wanted;
         pending = false;
+        if (fallen) {
+            fallenSince = now;
+        }
     }
 }
 
@@ -148,8 +153,4 @@ const char* TorsoAttitude::leanName(Lean lean) {
             return "right";
     }
     return "";
-}
-
-void TorsoAttitude::reset() {
-    *this = TorsoAttitude();
 }

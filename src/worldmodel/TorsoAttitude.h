@@ -17,7 +17,7 @@
 /// accelerometer is thrown about.
 ///
 /// Fallen once the tilt stays above 60 degrees for 0.06 s; up again once it stays below 35
-/// degrees for 0.2 s.
+/// degrees for 0.04 s.
 class TorsoAttitude {
 public:
     /// Where the torso leans: its front, back, left or right side towards the ground.
@@ -36,13 +36,12 @@ public:
     /// it lies on a side turned more to the back than to the front).
     bool liesOnBack() const { return up.y > 0.0F; }
     bool isFallen() const { return fallen; }
+    /// The simulation time (seconds) of the message with which the answer last became fallen.
+    float getFallenSince() const { return fallenSince; }
     /// The world's up direction in the torso frame (unit vector).
     const math::Vector3<float>& getUp() const { return up; }
     /// The last accelerometer reading (m/s^2).
     const math::Vector3<float>& getAcceleration() const { return acceleration; }
-
-    /// Forgets everything: upright, not fallen, no reading yet.
-    void reset();
 
     /// Lean in a few letters for logs: "forward", "backward", "left", "right".
     static const char* leanName(Lean lean);
@@ -61,6 +60,7 @@ private:
     bool known = false;
     float tilt = 0.0F;  // degrees
     bool fallen = false;
+    float fallenSince = 0.0F;  // seconds
     bool timed = false;
     float lastTime = 0.0F;  // seconds
     // The answer is about to change: the tilt has been on the other side since this time.
