@@ -13,8 +13,8 @@ class WorldModel;
 // middle of its goal line ("sideWalk"); below the limit it dives to the ball's side ("div").
 // Getting up ("standup") depends on the fall rule: under `Attitude` a fallen keeper begins its
 // stand-up in the cycle the fall is known, unless it fell diving: then it stays down while the
-// plan keeps diving (the ball past the dive limit), at most 20 s from the dive's start, and gets
-// up as soon as the dive ends. Under `Landmarks` it gets up once fallen with a dive clock
+// plan keeps diving (the ball past the dive limit), at most 3 s from the fall, and gets up as
+// soon as the dive ends. Under `Landmarks` it gets up once fallen with a dive clock
 // past 20 s (the clocks run from the first cycle and from the last stand-up).
 class GoalKeeperPlan : public AdvancePlan {
 public:
