@@ -85,8 +85,9 @@ public:
     // Standing: head higher than 0.40 m (by the server's report), or not fallen.
     bool standing() const;
 
-    // The torso's tilt from vertical (degrees) as the lab's own gyroscope-led estimate has it,
-    // independent of the player's world model.
+    // The torso's tilt from vertical (degrees) as the lab's own estimate has it, independent of
+    // the player's world model: gyroscope-led forward and backward (the stand-up trials tip the
+    // robot that way), from the smoothed accelerometer alone sideways, where it lags a fall.
     double torsoTilt() const;
     // Since the last watchFall(): the simulation time (seconds) at which the lab's torso tilt
     // first passed 60 degrees, and at which the player's world model first read fallen; -1

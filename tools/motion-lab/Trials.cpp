@@ -36,8 +36,6 @@ namespace trials {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
-// A torso tilted less than this (degrees) is upright: no stand-up should begin.
-constexpr double kUprightTilt = 30.0;
 
 // Every skill's class-wide state as at process start, so that trials do not depend on each
 // other.
@@ -669,12 +667,10 @@ Result game(int role, const LabSession::Options& options, double limit) {
     double downSeconds = 0.0;
     double lastTime = bench.session.now();
     // Stand-ups the plan began, how many of them on a robot that was on its feet (the landmark
-    // fall rule also fires on far landmarks) and how many with the torso upright (the lab's own
-    // tilt under 30 degrees), and the smallest torso tilt at a beginning.
+    // fall rule also fires on far landmarks), and the highest the head was at a beginning.
     int standUps = 0;
     int standUpsOnFeet = 0;
-    int standUpsUpright = 0;
-    double smallestTilt = std::nan("");
+    double highestHead = std::nan("");
     const std::string& doing = role == 1   ? GoalKeeperPlan::name
                                : role == 2 ? DefencePlan::name
                                            : OffensePlan::name;
@@ -683,13 +679,12 @@ Result game(int role, const LabSession::Options& options, double limit) {
         const bool onFeet = bench.session.standing();
         const std::unique_ptr<Command> command(bench.session.planAct(role));
         if (!wasStandingUp && doing == "standup") {
-            const double tilt = bench.session.torsoTilt();
+            const double head = bench.session.pose().headHeight;
             ++standUps;
             standUpsOnFeet += onFeet ? 1 : 0;
-            standUpsUpright += tilt < kUprightTilt ? 1 : 0;
-            smallestTilt = std::isnan(smallestTilt) ? tilt : std::min(smallestTilt, tilt);
+            highestHead = std::isnan(highestHead) ? head : std::max(highestHead, head);
             if (bench.trace) {
-                std::cout << "trace stand-up begins, lab tilt " << tilt << "\n";
+                std::cout << "trace stand-up begins, head " << head << " m\n";
             }
         }
         if (bench.trace) {
@@ -715,8 +710,7 @@ Result game(int role, const LabSession::Options& options, double limit) {
                      {"down s", downSeconds},
                      {"stand-ups", standUps},
                      {"on feet", standUpsOnFeet},
-                     {"upright", standUpsUpright},
-                     {"least tilt deg", smallestTilt},
+                     {"highest head m", highestHead},
                      {"forward m", bench.forward()},
                      {"sideways m", bench.leftward()},
                      {"ball x m", ballTravel},
