@@ -4,7 +4,9 @@
 
 #include "commands/Command.h"
 #include "skills/sidewalk/BasicSideWalk.h"
+#include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
+#include "worldmodel/FallRule.h"
 #include "worldmodel/WorldModel.h"
 
 bool DefencePlan::first = true;
@@ -30,9 +32,34 @@ void DefencePlan::decide() {
             first = false;
         }
     }
+    if (wm->getFallRule() == FallRule::Attitude && standUpAfterFall()) {
+        return;
+    }
     BasicSideWalk sideWalk(*wm, wm->getBall()->getPosition().getY(), false);
     delete command;
     command = sideWalk.getCommand();
+}
+
+bool DefencePlan::standUpAfterFall() {
+    if (name == "standup") {
+        BasicStandUp standUp(*wm, false, false);
+        if (!standUp.isFinished()) {
+            delete command;
+            command = standUp.getCommand();
+            return true;
+        }
+        delete standUp.getCommand();
+        name.clear();
+    }
+    if (!wm->isFallen()) {
+        return false;
+    }
+    Command::setTime(-1.0F);
+    BasicStandUp standUp(*wm, true, false);
+    delete command;
+    command = standUp.getCommand();
+    name = "standup";
+    return true;
 }
 
 void DefencePlan::resetState() {

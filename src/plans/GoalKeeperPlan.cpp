@@ -10,11 +10,18 @@
 #include "skills/sidewalk/BasicSideWalk.h"
 #include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
+#include "worldmodel/FallRule.h"
 #include "worldmodel/WorldModel.h"
 
 namespace {
 // Distance of the dive limit from the centre line along x, metres.
 constexpr float kDiveLimit = 5.0F;
+// Longest time (seconds) a keeper that fell diving lies in the ball's way before it gets up,
+// under the fall rule `Attitude`. A shot from the dive limit has passed or been stopped by then;
+// lying longer only helps while the ball is really there, and seen from the ground the ball's
+// position is not to be trusted: in role trials on the real server a keeper that stayed down
+// for the old 20 s dive clock spent 26 of 45 s on the ground.
+constexpr float kDiveBlockTime = 3.0F;
 }  // namespace
 
 bool GoalKeeperPlan::first = true;
@@ -65,6 +72,11 @@ void GoalKeeperPlan::decide() {
         chooseAfresh();
     }
 
+    if (wm->getFallRule() == FallRule::Attitude) {
+        getUpAfterFall();
+        return;
+    }
+
     // Fall check, every cycle: starts any idle dive clock, and gets a fallen keeper up once a
     // clock has run more than 20 s.
     const RightDiv rightDiv(wm);
@@ -73,13 +85,44 @@ void GoalKeeperPlan::decide() {
     delete leftDiv.getCommand();
     if (wm->isFallen() && name != subbehaviour::kStandUp &&
         (rightDiv.isFinished() || leftDiv.isFinished())) {
+        beginStandUp();
+    }
+}
+
+void GoalKeeperPlan::getUpAfterFall() {
+    if (name != subbehaviour::kDive) {
+        // No dive in progress: the next dive starts its clock afresh.
         RightDiv::setTime(-1.0F);
         LeftDiv::setTime(-1.0F);
-        Command::setTime(-1.0F);
-        BasicStandUp standUp(*wm, true, false);
-        replaceCommand(standUp.getCommand());
-        name = subbehaviour::kStandUp;
     }
+    if (!wm->isFallen() || name == subbehaviour::kStandUp) {
+        return;
+    }
+    if (name == subbehaviour::kDive) {
+        // The dive began when the first of the two clocks started. Only a dive begun before
+        // the fall was known keeps the keeper down: one chosen on the ground (from the ball as
+        // seen lying there) is no reason to stay.
+        float began = wm->getTime();
+        for (const float clock : {RightDiv::getTime(), LeftDiv::getTime()}) {
+            if (clock != -1.0F && clock < began) {
+                began = clock;
+            }
+        }
+        const float fell = wm->getAttitude().getFallenSince();
+        if (began < fell && wm->getTime() - fell <= kDiveBlockTime) {
+            return;  // lying in the ball's way is the dive's point
+        }
+    }
+    beginStandUp();
+}
+
+void GoalKeeperPlan::beginStandUp() {
+    RightDiv::setTime(-1.0F);
+    LeftDiv::setTime(-1.0F);
+    Command::setTime(-1.0F);
+    BasicStandUp standUp(*wm, true, false);
+    replaceCommand(standUp.getCommand());
+    name = subbehaviour::kStandUp;
 }
 
 void GoalKeeperPlan::chooseAfresh() {

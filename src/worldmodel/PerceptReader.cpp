@@ -30,6 +30,8 @@ void Percepts::clear() {
     gameState = GameStateReading();
     hasGyro = false;
     gyroRate = math::Vector3<float>();
+    hasAcceleration = false;
+    acceleration = math::Vector3<float>();
     joints.clear();
     feet.clear();
     hasVision = false;
@@ -161,6 +163,16 @@ bool PerceptReader::readGyro(const SExpression& gyr, math::Vector3<float>& rate,
         return false;
     }
     return readVector(*rt, rate, why);
+}
+
+bool PerceptReader::readAccelerometer(const SExpression& acc, math::Vector3<float>& acceleration,
+                                      std::string& why) {
+    const SExpression* a = acc.firstWithHeader("a");
+    if (a == nullptr) {
+        why = without("ACC", "a");
+        return false;
+    }
+    return readVector(*a, acceleration, why);
 }
 
 bool PerceptReader::readBody(const SExpression& root, std::vector<JointReading>& joints,
@@ -302,6 +314,12 @@ bool PerceptReader::readMessage(const SExpression& root, Percepts& out, std::str
             return false;
         }
         out.hasGyro = true;
+    }
+    if (const SExpression* acc = root.firstWithHeader("ACC")) {
+        if (!readAccelerometer(*acc, out.acceleration, why)) {
+            return false;
+        }
+        out.hasAcceleration = true;
     }
     if (!readBody(root, out.joints, out.feet, why)) {
         return false;

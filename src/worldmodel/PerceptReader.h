@@ -55,6 +55,9 @@ struct Percepts {
     bool hasGyro = false;
     /// The gyroscope rates "rt" (degrees per second).
     math::Vector3<float> gyroRate;
+    bool hasAcceleration = false;
+    /// The accelerometer's "a" (m/s^2, torso frame).
+    math::Vector3<float> acceleration;
     /// Every "HJ" and "FRP" reading of a known joint or foot, in message order.
     std::vector<JointReading> joints;
     std::vector<FootReading> feet;
@@ -84,7 +87,8 @@ public:
                                                      std::string& wrapped, std::string& why);
 
     /// All perceptors of the message root `root` that the world model reads: "time" with "now"
-    /// (required), the first "GS", the first "GYR", every "HJ" and "FRP", the first "See".
+    /// (required), the first "GS", the first "GYR", the first "ACC", every "HJ" and "FRP", the
+    /// first "See".
     static bool readMessage(const SExpression& root, Percepts& out, std::string& why);
 
     /// "now" of the first "time" list of `root`.
@@ -93,6 +97,9 @@ public:
     static bool readGameState(const SExpression& gs, GameStateReading& out, std::string& why);
     /// A "GYR" list: the three numbers of its first "rt" list.
     static bool readGyro(const SExpression& gyr, math::Vector3<float>& rate, std::string& why);
+    /// An "ACC" list: the three numbers of its first "a" list.
+    static bool readAccelerometer(const SExpression& acc, math::Vector3<float>& acceleration,
+                                  std::string& why);
     /// Every "HJ" and "FRP" list of the message root `root`, in message order, replacing the
     /// contents of `joints` and `feet`. Lists of unknown joints or feet are skipped.
     static bool readBody(const SExpression& root, std::vector<JointReading>& joints,

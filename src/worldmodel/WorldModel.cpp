@@ -99,6 +99,12 @@ bool WorldModel::update(const std::string& message) {
     }
 
     setTime(percepts.now);
+    if (!fallRuleRead) {
+        fallRule = readFallRule(config);
+        fallRuleRead = true;
+    }
+    attitude.update(time, percepts.hasAcceleration ? &percepts.acceleration : nullptr,
+                    percepts.hasGyro ? &percepts.gyroRate : nullptr);
     if (percepts.hasGameState) {
         applyGameState(percepts.gameState);
     }
@@ -116,6 +122,12 @@ bool WorldModel::update(const std::string& message) {
                                    math::kDegreesPerRadianF);
         }
         Debugger::logg("Main") << "BodyDirection: " << self->getBodyDirection() << std::endl;
+        if (fallRule == FallRule::Attitude) {
+            Debugger::logg("Main")
+                << "Fall: landmarks " << fallenValue << " tilt " << attitude.getTilt() << " lean "
+                << TorsoAttitude::leanName(attitude.getLean()) << " fallen " << attitude.isFallen()
+                << std::endl;
+        }
     }
     Debugger::logg("Main") << std::endl
                            << "Time: " << time

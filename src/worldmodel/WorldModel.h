@@ -8,10 +8,12 @@
 #include "math/Vector3.h"
 #include "utilities/config/Config.h"
 #include "worldmodel/Ball.h"
+#include "worldmodel/FallRule.h"
 #include "worldmodel/Flag.h"
 #include "worldmodel/FlagType.h"
 #include "worldmodel/PerceptReader.h"
 #include "worldmodel/Self.h"
+#include "worldmodel/TorsoAttitude.h"
 
 class SExpression;
 class Timer;
@@ -28,8 +30,9 @@ enum PlayModeT { BeforeKickOff = 0, InPlay = 3 };
 ///
 /// A message that cannot be read (unbalanced or truncated text, no "time"/"now", a "GS"
 /// without "t" or "pm", a perceptor of the wrong layout, several "B" lists, a landmark without
-/// exactly one "pol") is dropped whole: one line on "Main" says why and the world model keeps
-/// its previous state. All of the message is read and checked before any of it is applied.
+/// exactly one "pol", an "ACC" without "a" or with fewer than three values) is dropped whole: one
+/// line on "Main" says why and the world model keeps its previous state. All of the message is read
+/// and checked before any of it is applied.
 class WorldModel {
 public:
     WorldModel();
@@ -70,10 +73,18 @@ public:
     PlayModeT getPlayMode() const { return playMode; }
     /// 0 while unknown, 1 left, 2 right.
     int getSide() const { return side; }
-    /// True when the largest vertical offset of a landmark seen last exceeds 6 metres.
-    bool isFallen() const { return fallenValue > 6.0F; }
-    // The fall indicator itself: the largest |z| of a landmark seen (metres, camera frame).
+    /// Whether the robot lies on the ground, by the rule the configuration chooses (read with
+    /// the first message taken in): `Attitude`, the torso's attitude says so; `Landmarks`, the
+    /// largest vertical offset of a landmark seen last exceeds 6 metres.
+    bool isFallen() const {
+        return fallRule == FallRule::Attitude ? attitude.isFallen() : fallenValue > 6.0F;
+    }
+    FallRule getFallRule() const { return fallRule; }
+    // The landmark fall indicator, kept under either rule: the largest |z| of a landmark seen
+    // (metres, camera frame).
     float getFallenValue() const { return fallenValue; }
+    /// The torso's attitude from the accelerometer and gyroscope, kept under either rule.
+    const TorsoAttitude& getAttitude() const { return attitude; }
 
     /// The perceptor readers `update` dispatches to, usable one by one. Each checks its part
     /// of the message first and changes nothing (returning false, with a line on "Main") when
@@ -122,6 +133,9 @@ private:
     int flagsVisionSize = 0;
     float fallenValue = 0.0F;
     int side = 0;
+    TorsoAttitude attitude;
+    FallRule fallRule = FallRule::Landmarks;
+    bool fallRuleRead = false;
 
     /// Scratch space for reading one message; not part of the picture of the game.
     std::string wrapped;

@@ -235,7 +235,12 @@ std::string message(const Scene& scene) {
         out << "(team " << (scene.side == 1 ? "left" : "right") << ") ";
     }
     out << "(sl 0) (sr 0) (t " << number << ") (pm " << (scene.playOn ? "PlayOn" : "BeforeKickOff")
-        << "))(GYR (n torso) (rt 0.00 0.00 0.00))(ACC (n torso) (a 0.00 0.00 9.81))";
+        << "))(GYR (n torso) (rt 0.00 0.00 0.00))";
+    char acc[96];
+    std::snprintf(acc, sizeof acc, "(ACC (n torso) (a %.2f %.2f %.2f))",
+                  static_cast<double>(scene.accX), static_cast<double>(scene.accY),
+                  static_cast<double>(scene.accZ));
+    out << acc;
     const auto angle = [&scene](const char* name) {
         const auto it = scene.joints.find(name);
         return it == scene.joints.end() ? 0.0F : it->second;

@@ -49,6 +49,10 @@ struct Scene {
     float ballX = 1.0F;  // ball position, metres
     float ballY = 0.0F;
     bool fallen = false;  // landmarks seen as by a robot lying on the ground
+    // The torso's accelerometer (m/s^2; x right, y forward, z up): upright and still as set.
+    float accX = 0.0F;
+    float accY = 0.0F;
+    float accZ = 9.81F;
 };
 
 // The message text of `scene`, as the server sends it (without the length prefix).

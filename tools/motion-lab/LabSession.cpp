@@ -29,6 +29,8 @@ constexpr double kStandingHeadHeight = 0.40;
 constexpr float kHeadTarget = 0.0F;
 constexpr float kHeadSpeed = 7.0F;
 constexpr double kCycleSeconds = 0.02;
+// The tilt (degrees) past which a fall must be known within 0.5 s.
+constexpr double kPassedTilt = 60.0;
 
 std::string number(double value) {
     std::ostringstream out;
@@ -165,6 +167,12 @@ void LabSession::take(const std::string& message) {
     if (truth.rates && truth.acceleration) {
         tilt.update(*truth.rates, *truth.acceleration, kCycleSeconds);
     }
+    if (tiltPassed < 0.0 && torsoTilt() > kPassedTilt) {
+        tiltPassed = now();
+    }
+    if (fallKnown < 0.0 && worldModel->isFallen()) {
+        fallKnown = now();
+    }
     if (truth.head) {
         truthSeen = true;
         current.x = truth.head->x;
@@ -177,7 +185,9 @@ void LabSession::take(const std::string& message) {
                   << " | player: x " << worldModel->getSelf()->getPosition().getX() << " y "
                   << worldModel->getSelf()->getPosition().getY() << " heading "
                   << worldModel->getSelf()->getBodyDirection() << " fallen "
-                  << worldModel->isFallen() << " (" << worldModel->getFallenValue() << ")";
+                  << worldModel->isFallen() << " (landmarks " << worldModel->getFallenValue()
+                  << ", attitude tilt " << worldModel->getAttitude().getTilt() << " "
+                  << TorsoAttitude::leanName(worldModel->getAttitude().getLean()) << ")";
         std::cout << " | torso forward " << tilt.forward() << " right " << tilt.right();
         // Left side's pitch joints (degrees): hip, knee, ankle, shoulder.
         const Body* body = worldModel->getSelf()->getBody();
@@ -224,4 +234,14 @@ bool LabSession::fallen() const {
 
 bool LabSession::standing() const {
     return truthSeen ? current.headHeight > kStandingHeadHeight : !worldModel->isFallen();
+}
+
+double LabSession::torsoTilt() const {
+    return std::acos(std::cos(tilt.forward() * kDegToRad) * std::cos(tilt.right() * kDegToRad)) /
+           kDegToRad;
+}
+
+void LabSession::watchFall() {
+    tiltPassed = -1.0;
+    fallKnown = -1.0;
 }

@@ -86,6 +86,17 @@ public:
     // Standing: head higher than 0.40 m (by the server's report), or not fallen.
     bool standing() const;
 
+    // The torso's tilt from vertical (degrees) as the lab's own estimate has it, independent of
+    // the player's world model: gyroscope-led forward and backward (the stand-up trials tip the
+    // robot that way), from the smoothed accelerometer alone sideways, where it lags a fall.
+    double torsoTilt() const;
+    // Since the last watchFall(): the simulation time (seconds) at which the lab's torso tilt
+    // first passed 60 degrees, and at which the player's world model first read fallen; -1
+    // while not yet.
+    void watchFall();
+    double tiltPassedAt() const { return tiltPassed; }
+    double fallKnownAt() const { return fallKnown; }
+
 private:
     void take(const std::string& message);
     void sendMonitor(const std::string& text);
@@ -103,4 +114,6 @@ private:
     bool truthSeen = false;
     bool headingKnown = false;
     TorsoTilt tilt;
+    double tiltPassed = -1.0;
+    double fallKnown = -1.0;
 };

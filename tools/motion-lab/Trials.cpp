@@ -22,6 +22,7 @@
 #include "skills/standup/BasicStandUp.h"
 #include "skills/turn/BasicTurn.h"
 #include "utilities/config/Config.h"
+#include "worldmodel/FallRule.h"
 #include "worldmodel/WorldModel.h"
 
 namespace trials {
@@ -166,6 +167,7 @@ public:
         if (session.fallen() && fellAt < 0.0) {
             fellAt = elapsed();
         }
+        alarmCycles += session.world().isFallen() ? 1 : 0;
         return true;
     }
 
@@ -175,6 +177,7 @@ public:
     LabSession::Pose origin;
     double startTime = 0.0;
     double fellAt = -1.0;  // seconds after the mark; -1 while standing
+    int alarmCycles = 0;   // cycles watched in which the player's world model read fallen
 };
 
 Result noServer() {
@@ -282,11 +285,14 @@ Result stop(const LabSession::Options& options, int trial, double limit) {
     return result;
 }
 
-// The player starts a stand-up whenever its fall indicator fires, and that indicator also fires
-// on a robot that is up and walking (far landmarks seen with the head tilted down). Walks for a
-// while (walkTime), then runs the player's own stand-up through to its end: "FrontStandUp" or
-// "BackStandUp" as the foot's contact point chooses, then "Stop". Looks whether the robot is
-// still, or again, on its feet.
+// The player starts a stand-up whenever its fall indicator fires. Under the fall rule
+// "Landmarks" that indicator also fires on a robot that is up and walking (far landmarks seen
+// with the head tilted down); under "Attitude" (the torso's accelerometer and gyroscope) it
+// should not, and "alarm cycles" counts the walking cycles in which it did. Walks for a while
+// (walkTime), then runs the player's own stand-up through to its end, as after a false alarm:
+// "FrontStandUp" or "BackStandUp" as the rule chooses (the torso's lean under "Attitude", the
+// foot's contact point under "Landmarks"), then "Stop". Looks whether the robot is still, or
+// again, on its feet.
 Result standUpWhileWalking(const LabSession::Options& options, int trial, double limit) {
     Bench bench(options, -6.0, 0.0, 0.0);
     if (!bench.ready) {
@@ -297,6 +303,7 @@ Result standUpWhileWalking(const LabSession::Options& options, int trial, double
     if (!bench.walkFor(player, walkFor, false)) {
         return noServer();
     }
+    const int alarms = bench.alarmCycles;
     bench.mark();
     double lowest = bench.session.pose().headHeight;
     BasicStandUp::resetState();
@@ -320,14 +327,15 @@ Result standUpWhileWalking(const LabSession::Options& options, int trial, double
         return noServer();
     }
     Result result;
-    result.values = {{"walked s", walkFor},
-                     {"back", back ? 1.0 : 0.0},
-                     {"time s", bench.elapsed()},
-                     {"lowest head m", lowest},
-                     {"head m", bench.session.pose().headHeight}};
-    result.passed = bench.session.standing();
-    if (!result.passed) {
+    result.values = {{"walked s", walkFor},      {"alarm cycles", alarms},
+                     {"back", back ? 1.0 : 0.0}, {"time s", bench.elapsed()},
+                     {"lowest head m", lowest},  {"head m", bench.session.pose().headHeight}};
+    const bool noAlarm = alarms == 0 || bench.session.world().getFallRule() != FallRule::Attitude;
+    result.passed = bench.session.standing() && noAlarm;
+    if (!bench.session.standing()) {
         result.note = "down at the end";
+    } else if (!noAlarm) {
+        result.note = "fall alarm while walking";
     }
     return result;
 }
@@ -422,6 +430,7 @@ Result standUp(const std::string& skill, const LabSession::Options& options, int
         return noServer();
     }
     bench.mark();
+    bench.session.watchFall();
     while (!bench.session.fallen() && bench.elapsed() < 4.0) {
         std::unique_ptr<Command> push = tipOver(front, bench.session.world().getSelf()->getBody());
         push->setAllCommands();
@@ -438,6 +447,12 @@ Result standUp(const std::string& skill, const LabSession::Options& options, int
     if (!bench.session.idle(1.0 + 0.1 * (trial % 10))) {
         return noServer();
     }
+    // How the player's world model saw the fall: how long after the lab's own estimate of the
+    // torso passed 60 degrees it read fallen, and which stand-up it would begin.
+    const double passed = bench.session.tiltPassedAt();
+    const double known = bench.session.fallKnownAt();
+    const double detect = passed >= 0.0 && known >= 0.0 ? known - passed : std::nan("");
+    const bool sideRight = BasicStandUp::liesOnBack(bench.session.world()) != front;
     ConfigSkill player;
     bench.mark();
     double upAt = -1.0;
@@ -466,10 +481,17 @@ Result standUp(const std::string& skill, const LabSession::Options& options, int
             upAt = -1.0;
         }
     }
-    result.values = {{"standing after s", upAt}, {"head m", bench.session.pose().headHeight}};
+    result.values = {{"standing after s", upAt},
+                     {"head m", bench.session.pose().headHeight},
+                     {"fall known after s", detect},
+                     {"side right", sideRight ? 1.0 : 0.0}};
     result.passed = upAt >= 0.0 && upAt <= limit && bench.session.standing();
     if (!result.passed) {
         result.note = upAt < 0.0 ? "still down" : "too slow";
+    }
+    if (!sideRight) {
+        result.note += std::string(result.note.empty() ? "" : ", ") + "player would take the " +
+                       (front ? "back" : "front") + " stand-up";
     }
     return result;
 }
@@ -590,7 +612,8 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
 // The player's own plan for `role` with its head driven as in the game, from the role's
 // kick-off position (the "Beam" of its parameter file) with the ball on the centre spot.
 // Counts the falls (head below 0.25 m after standing), the time spent down and the stand-ups the
-// plan began.
+// plan began under the fall rule in force (motion-lab --fall-rule), with the torso's tilt at
+// each beginning.
 Result game(int role, const LabSession::Options& options, double limit) {
     const std::string roleFile = AgentModel::roleFile(role);
     const ConfigValue& beam = config[roleFile]["Initialize"]["Beam"];
@@ -614,10 +637,11 @@ Result game(int role, const LabSession::Options& options, double limit) {
     bool down = false;
     double downSeconds = 0.0;
     double lastTime = bench.session.now();
-    // Stand-ups the plan began, and how many of them on a robot that was on its feet: the fall
-    // indicator also fires on far landmarks.
+    // Stand-ups the plan began, how many of them on a robot that was on its feet (the landmark
+    // fall rule also fires on far landmarks), and the highest the head was at a beginning.
     int standUps = 0;
     int standUpsOnFeet = 0;
+    double highestHead = std::nan("");
     const std::string& doing = role == 1   ? GoalKeeperPlan::name
                                : role == 2 ? DefencePlan::name
                                            : OffensePlan::name;
@@ -626,8 +650,13 @@ Result game(int role, const LabSession::Options& options, double limit) {
         const bool onFeet = bench.session.standing();
         const std::unique_ptr<Command> command(bench.session.planAct(role));
         if (!wasStandingUp && doing == "standup") {
+            const double head = bench.session.pose().headHeight;
             ++standUps;
             standUpsOnFeet += onFeet ? 1 : 0;
+            highestHead = std::isnan(highestHead) ? head : std::max(highestHead, head);
+            if (bench.trace) {
+                std::cout << "trace stand-up begins, head " << head << " m\n";
+            }
         }
         if (bench.trace) {
             std::cout << "trace plan " << (doing.empty() ? "-" : doing) << " step "
@@ -652,6 +681,7 @@ Result game(int role, const LabSession::Options& options, double limit) {
                      {"down s", downSeconds},
                      {"stand-ups", standUps},
                      {"on feet", standUpsOnFeet},
+                     {"highest head m", highestHead},
                      {"forward m", bench.forward()},
                      {"sideways m", bench.leftward()},
                      {"ball x m", ballTravel},
@@ -724,8 +754,8 @@ std::string target(const std::string& motion) {
         {"defender", "the player's defender plan from kick-off, no fall"},
         {"attacker", "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"},
         {"standup-walking",
-         "the player's stand-up and Stop played by a walking robot (a false fall alarm): ends "
-         "standing"}};
+         "no fall alarm while walking (fall rule Attitude); the player's stand-up and Stop "
+         "played by the walking robot (as after a false alarm) end standing"}};
     const auto found = targets.find(motion);
     if (found != targets.end()) {
         return found->second;

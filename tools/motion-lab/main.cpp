@@ -12,6 +12,9 @@
 //     --head-tilt DEG      head pitch held during the trials (0; the player uses -20)
 //     --head-sweep         drive the head as the player does (sweeping, tilted -20)
 //     --trace              print the robot's pose whenever the server reports it
+//     --fall-rule RULE     how the player knows it has fallen: Attitude (the torso's
+//                          accelerometer and gyroscope) or Landmarks (far landmarks seen high
+//                          or low, the old rule); default: as Data's WorldModelParameters say
 //     --list               the motions and their targets
 //
 // Run from the directory holding the Data tree. Exit status: 0 when every trial passed, 1
@@ -26,15 +29,17 @@
 
 #include "Trials.h"
 #include "agent/Startup.h"
+#include "utilities/config/Config.h"
 #include "utilities/logging/LogDevNull.h"
 #include "utilities/logging/Logger.h"
+#include "worldmodel/FallRule.h"
 
 namespace {
 
 int usage() {
     std::cerr << "usage: motion-lab [--host HOST] [--port N] [--monitor-port N] [--trials N]\n"
                  "                  [--seconds S] [--sync] [--head-tilt DEG] [--head-sweep]\n"
-                 "                  [--trace] [--list]\n"
+                 "                  [--trace] [--fall-rule Attitude|Landmarks] [--list]\n"
                  "                  MOTION...\n";
     return 2;
 }
@@ -90,6 +95,7 @@ int main(int argc, char** argv) {
     int trialCount = 5;
     double seconds = 0.0;
     std::vector<std::string> wanted;
+    std::string fallRule;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         const bool hasValue = i + 1 < argc;
@@ -109,6 +115,8 @@ int main(int argc, char** argv) {
             options.headTilt = static_cast<float>(std::atof(argv[++i]));
         } else if (arg == "--head-sweep") {
             options.headSweep = true;
+        } else if (arg == "--fall-rule" && hasValue) {
+            fallRule = argv[++i];
         } else if (arg == "--trace") {
             options.trace = true;
         } else if (arg == "--list") {
@@ -128,6 +136,13 @@ int main(int argc, char** argv) {
     }
 
     ConfigInitializing();
+    if (!fallRule.empty()) {
+        config["WorldModelParameters"].addGroup("Fall");
+        config["WorldModelParameters"]["Fall"].add("Rule", fallRule);
+    }
+    // A rule other than the two stops here, with its diagnostic.
+    std::printf("# fall rule: %s\n",
+                readFallRule(config) == FallRule::Attitude ? "Attitude" : "Landmarks");
     logger.add("Main", new LogDevNull(), true);
     logger.add("MainOff", new LogDevNull(), false);
 

@@ -14,9 +14,13 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
     setSuccessRate(0.0F);
     std::string name;
     if (start) {
-        // A contact point behind the foot's centre line means the robot lies on its back.
-        const float contactY = wm.getSelf()->getBody()->getLeftLeg()->getFRPContactPoint().getY();
-        name = contactY < 0.0F ? skillname::kBackStandUp : skillname::kFrontStandUp;
+        name = liesOnBack(wm) ? skillname::kBackStandUp : skillname::kFrontStandUp;
+        if (wm.getFallRule() == FallRule::Attitude) {
+            const TorsoAttitude& attitude = wm.getAttitude();
+            Debugger::logg("Main")
+                << "StandUp: " << name << " begins, tilt " << attitude.getTilt() << " lean "
+                << TorsoAttitude::leanName(attitude.getLean()) << std::endl;
+        }
         configSkill.setCurrentConfigStepNumber(0);
     } else if (configSkill.isFinished()) {
         if (configSkill.getCurrentSkillName() == skillname::kStop) {
@@ -37,6 +41,14 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
         delete command;
         command = nullptr;
     }
+}
+
+bool BasicStandUp::liesOnBack(const WorldModel& wm) {
+    if (wm.getFallRule() == FallRule::Attitude) {
+        return wm.getAttitude().liesOnBack();
+    }
+    // A contact point behind the foot's centre line means the robot lies on its back.
+    return wm.getSelf()->getBody()->getLeftLeg()->getFRPContactPoint().getY() < 0.0F;
 }
 
 bool BasicStandUp::isFinished() {

@@ -6,8 +6,10 @@
 class Command;
 class WorldModel;
 
-// Gets a fallen robot back on its feet: "FrontStandUp" or "BackStandUp" (chosen from the left
-// foot's pressure contact point), then "Stop"; it reports success once "Stop" has run out.
+// Gets a fallen robot back on its feet: "FrontStandUp" or "BackStandUp", then "Stop"; it reports
+// success once "Stop" has run out. The side it lies on comes from the torso's attitude under the
+// fall rule `Attitude` (the start is then logged with the tilt), from the left foot's pressure
+// contact point under `Landmarks`.
 class BasicStandUp : public BasicAction {
 public:
     // `start` true begins a new stand-up; false continues the one in progress.
@@ -18,6 +20,8 @@ public:
     bool isFinished() override;
 
     static ConfigSkill& getConfigSkill() { return configSkill; }
+    // Whether a stand-up begun now would be "BackStandUp".
+    static bool liesOnBack(const WorldModel& wm);
 
     // Restores the start-of-process state: nothing loaded.
     static void resetState();

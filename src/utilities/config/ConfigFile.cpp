@@ -75,7 +75,7 @@ void ConfigFile::readFile(const std::string& fileName) {
         }
         // NOLINTNEXTLINE(readability-container-size-empty): the text is the diagnostic's
         KORVEL_CHECK_DETAIL(value != "", "Config", emptyValueDetail(fileName, lineNumber, name));
-        groups[current].add(name, value);
+        groups[current].add(name, value, fileName, lineNumber);
     }
 }
 

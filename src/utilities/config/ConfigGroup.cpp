@@ -6,10 +6,12 @@
 ConfigGroup::ConfigGroup(const std::string& configurationName, const std::string& name)
     : configurationName(configurationName), name(name) {}
 
-void ConfigGroup::add(const std::string& key, const std::string& text) {
+void ConfigGroup::add(const std::string& key, const std::string& text, const std::string& file,
+                      int line) {
     ConfigRevision::advance();
     ConfigValue value(text);
     value.setLocation(configurationName, name, key);
+    value.setSource(file, line);
     values.insert_or_assign(key, std::move(value));
 }
 

@@ -12,8 +12,10 @@ public:
     // A group that knows its own name and the configuration it belongs to (for diagnostics).
     ConfigGroup(const std::string& configurationName, const std::string& name);
 
-    // Sets `key` to the value built from `text`, replacing an earlier value entirely.
-    void add(const std::string& key, const std::string& text);
+    // Sets `key` to the value built from `text`, replacing an earlier value entirely; `file`
+    // and `line` say where the text was read (empty and 0 when it was not read from a file).
+    void add(const std::string& key, const std::string& text, const std::string& file = "",
+             int line = 0);
     // The value of `key`; a missing key is a fatal configuration error.
     ConfigValue& operator[](const std::string& key);
     const ConfigValue& operator[](const std::string& key) const;

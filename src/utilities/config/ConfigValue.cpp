@@ -65,3 +65,8 @@ void ConfigValue::setLocation(const std::string& configuration, const std::strin
     groupName = group;
     key = keyName;
 }
+
+void ConfigValue::setSource(const std::string& file, int line) {
+    sourceFile = file;
+    sourceLine = line;
+}

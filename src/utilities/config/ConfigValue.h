@@ -39,6 +39,11 @@ public:
     const std::string& getConfigurationName() const { return configurationName; }
     const std::string& getGroupName() const { return groupName; }
     const std::string& getKey() const { return key; }
+    // The file and 1-based line the value was read from; empty and 0 for a value set otherwise
+    // (command line, tests). ConfigFile::readFile sets it.
+    void setSource(const std::string& file, int line);
+    const std::string& getSourceFile() const { return sourceFile; }
+    int getSourceLine() const { return sourceLine; }
 
 private:
     std::string text;
@@ -46,4 +51,6 @@ private:
     std::string configurationName;
     std::string groupName;
     std::string key;
+    std::string sourceFile;
+    int sourceLine = 0;
 };

@@ -1,0 +1,202 @@
+// The fall rule `Attitude`: the torso's accelerometer and gyroscope, message by message, against
+// known answers (fallen or up after each message, and the side the robot lies on). Sequences
+// come from the recorded session where the robot stands, falls onto its back and flails there
+// for 55 s, or are built the way the server reports a robot that walks, lies or falls.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "utilities/parsing/SExpression.h"
+#include "worldmodel/PerceptReader.h"
+#include "worldmodel/WorldModelTesting.h"
+
+namespace {
+
+// The message that carries the accelerometer's and gyroscope's readings (time in seconds,
+// rates in degrees per second, acceleration in m/s^2), as the server writes them.
+struct Reading {
+    float ax, ay, az;
+    float rx, ry, rz;
+};
+
+std::string messageAt(int index, const Reading& r) {
+    char text[160];
+    std::snprintf(text, sizeof text,
+                  "(time (now %.2f))(GYR (n torso) (rt %.2f %.2f %.2f))(ACC (n torso) (a %.2f "
+                  "%.2f %.2f))",
+                  1.0 + 0.02 * index, static_cast<double>(r.rx), static_cast<double>(r.ry),
+                  static_cast<double>(r.rz), static_cast<double>(r.ax), static_cast<double>(r.ay),
+                  static_cast<double>(r.az));
+    return text;
+}
+
+constexpr Reading kUpright{0.0F, 0.0F, 9.81F, 0.0F, 0.0F, 0.0F};
+
+// `count` messages of one reading.
+std::vector<std::string> hold(const Reading& r, int count, std::vector<std::string> before = {}) {
+    for (int i = 0; i < count; ++i) {
+        before.push_back(messageAt(static_cast<int>(before.size()), r));
+    }
+    return before;
+}
+
+// Lines `first` to `last` (1-based) of the recorded session.
+std::vector<std::string> recorded(std::size_t first, std::size_t last) {
+    static const std::vector<std::string> all = readMessages("real-session-3200.txt");
+    return {all.begin() + static_cast<long>(first) - 1, all.begin() + static_cast<long>(last)};
+}
+
+// Walking in place of a gait: the torso sways +-3 degrees sideways (1 Hz) and +-2 degrees
+// forward (2 Hz), the gyroscope showing the swaying; each foot strike (every 0.25 s) shakes the
+// accelerometer by up to 6 m/s^2.
+std::vector<std::string> walking(int count) {
+    std::vector<std::string> out;
+    constexpr double kTwoPi = 6.283185307179586;
+    for (int i = 0; i < count; ++i) {
+        const double t = 0.02 * i;
+        const double side = 3.0 * std::sin(kTwoPi * t) / 57.29578;
+        const double forward = 2.0 * std::sin(2.0 * kTwoPi * t) / 57.29578;
+        const double strike = (i % 12 == 0) ? 6.0 : 0.0;
+        const Reading r{static_cast<float>(-9.81 * std::sin(side) + 0.5 * strike),
+                        static_cast<float>(-9.81 * std::sin(forward) - strike),
+                        static_cast<float>(9.81 * std::cos(side) * std::cos(forward) + strike),
+                        static_cast<float>(-2.0 * 2.0 * kTwoPi * std::cos(2.0 * kTwoPi * t)),
+                        static_cast<float>(3.0 * kTwoPi * std::cos(kTwoPi * t)),
+                        0.0F};
+        out.push_back(messageAt(i, r));
+    }
+    return out;
+}
+
+struct Case {
+    const char* name;
+    std::vector<std::string> messages;
+    // The messages (0-based) after which the answer changes, the first to fallen.
+    std::vector<std::size_t> changes;
+    // The side a stand-up begun after the last message would take: 'F' front, 'B' back, '-'
+    // (standing) not asked.
+    char side;
+};
+
+class TorsoAttitudeTest : public WorldModelTest {
+protected:
+    void SetUp() override {
+        WorldModelTest::SetUp();
+        setConfig("WorldModelParameters", "Fall", "Rule", "Attitude");
+    }
+};
+
+TEST_F(TorsoAttitudeTest, KnownSequencesGiveTheKnownAnswerAfterEveryMessage) {
+    // Pitching forward at 150 degrees per second from upright, the accelerometer useless while
+    // the robot drops (about 0.3 g), then lying face down: the tilt passes 60 degrees with the
+    // 21st turning message (63 degrees) and the fall stands 0.06 s later.
+    std::vector<std::string> falling = hold(kUpright, 10);
+    falling = hold({0.0F, 1.0F, 2.8F, -150.0F, 0.0F, 0.0F}, 30, falling);
+    falling = hold({0.0F, -9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 10, falling);
+    // Lying on the back, then pushed up at 180 degrees per second (the accelerometer thrown
+    // about): below 35 degrees with the 16th turning message (32 degrees), up 0.04 s later.
+    std::vector<std::string> rising = hold({0.0F, 9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 10);
+    rising = hold({3.0F, 3.0F, 3.0F, -180.0F, 0.0F, 0.0F}, 25, rising);
+    rising = hold(kUpright, 10, rising);
+    // One reading spiked on every axis (a collision) among upright ones: the accelerometer
+    // shows 1 g as if lying face down.
+    std::vector<std::string> spike = hold(kUpright, 10);
+    spike = hold({0.0F, -9.5F, 2.0F, 600.0F, -400.0F, 300.0F}, 1, spike);
+    spike = hold(kUpright, 20, spike);
+    std::vector<std::string> recordedFall = recorded(381, 3200);
+
+    const std::vector<Case> cases = {
+        {"upright and still (recorded)", recorded(41, 140), {}, '-'},
+        {"walking", walking(300), {}, '-'},
+        {"one spiked reading", spike, {}, '-'},
+        // The first trusted reading starts the estimate; fallen 0.06 s later.
+        {"lying face down", hold({0.0F, -9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 10), {3}, 'F'},
+        {"lying on the back", hold({0.0F, 9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 10), {3}, 'B'},
+        {"lying on the left side", hold({9.81F, 0.5F, 0.0F, 0.0F, 0.0F, 0.0F}, 10), {3}, 'B'},
+        {"lying on the right side", hold({-9.81F, -0.5F, 0.0F, 0.0F, 0.0F, 0.0F}, 10), {3}, 'F'},
+        {"mid-fall, forward", falling, {10 + 20 + 3}, 'F'},
+        {"getting up from the back", rising, {3, 10 + 15 + 2}, '-'},
+        // Lines 381-3200: standing until 8.48 s, then thrown about; the tilt passes 60 degrees
+        // at 9.26 s (line 441), fallen at 9.32 s (line 444), never up again while it flails on
+        // its back.
+        {"recorded fall onto the back", recordedFall, {444 - 381}, 'B'},
+    };
+    for (const Case& c : cases) {
+        WorldModel wm;
+        std::size_t next = 0;
+        bool expected = false;
+        for (std::size_t i = 0; i < c.messages.size(); ++i) {
+            ASSERT_TRUE(wm.update(c.messages[i])) << c.name << ", message " << i;
+            if (next < c.changes.size() && c.changes[next] == i) {
+                expected = !expected;
+                ++next;
+            }
+            ASSERT_EQ(wm.isFallen(), expected)
+                << c.name << ", message " << i << ", tilt " << wm.getAttitude().getTilt();
+        }
+        if (c.side != '-') {
+            EXPECT_EQ(wm.getAttitude().liesOnBack() ? 'B' : 'F', c.side) << c.name;
+        }
+    }
+}
+
+TEST_F(TorsoAttitudeTest, LeanNamesTheSideTowardsTheGround) {
+    const std::vector<std::pair<Reading, const char*>> cases = {
+        {{0.0F, -9.81F, 0.0F, 0, 0, 0}, "forward"}, {{0.0F, 9.81F, 0.0F, 0, 0, 0}, "backward"},
+        {{9.81F, 0.0F, 0.0F, 0, 0, 0}, "left"},     {{-9.81F, 0.0F, 0.0F, 0, 0, 0}, "right"},
+        {{-2.0F, -5.0F, 8.0F, 0, 0, 0}, "forward"},
+    };
+    for (const auto& [reading, lean] : cases) {
+        WorldModel wm;
+        ASSERT_TRUE(wm.update(messageAt(0, reading)));
+        EXPECT_STREQ(TorsoAttitude::leanName(wm.getAttitude().getLean()), lean);
+    }
+}
+
+TEST_F(TorsoAttitudeTest, RealAccelerometerListIsRead) {
+    // Line 411 of the recorded session, the robot falling.
+    const std::string message = recorded(411, 411).front();
+    ASSERT_NE(message.find("(ACC (n torso) (a -1.91 1.24 4.83))"), std::string::npos);
+    std::string why;
+    const auto root = PerceptReader::parseMessage(message, why);
+    ASSERT_NE(root, nullptr) << why;
+    Percepts percepts;
+    ASSERT_TRUE(PerceptReader::readMessage(*root, percepts, why)) << why;
+    ASSERT_TRUE(percepts.hasAcceleration);
+    EXPECT_EQ(percepts.acceleration, math::Vector3<float>(-1.91F, 1.24F, 4.83F));
+}
+
+TEST_F(TorsoAttitudeTest, MalformedAccelerometerDropsTheMessageAndMissingKeepsTheReading) {
+    WorldModel wm;
+    const std::vector<std::string> lying = hold({0.0F, -9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 4);
+    for (const std::string& m : lying) {
+        ASSERT_TRUE(wm.update(m));
+    }
+    ASSERT_TRUE(wm.isFallen());
+    const std::string& good = lying.back();
+    const std::string tail = "(ACC (n torso) (a 0.00 -9.81 0.00))";
+    ASSERT_NE(good.find(tail), std::string::npos);
+    const std::string upright = good.substr(0, good.find(tail));
+    const std::vector<std::pair<std::string, std::string>> bad = {
+        {upright + "(ACC (n torso))", "\"ACC\" without \"a\""},
+        {upright + "(ACC (n torso) (a 0.00 9.81))", "\"a\" needs 3 values"},
+    };
+    mainLog.str("");
+    for (const auto& [message, why] : bad) {
+        const std::vector<double> before = snapshot(wm);
+        EXPECT_FALSE(wm.update(message));
+        EXPECT_EQ(mainLog.str(), "Message dropped (last time 1.06, cycle 0): " + why + "\n");
+        EXPECT_EQ(snapshot(wm), before);
+        EXPECT_EQ(wm.getAttitude().getAcceleration(), math::Vector3<float>(0.0F, -9.81F, 0.0F));
+        mainLog.str("");
+    }
+    // A message without "ACC" keeps the last reading, and so the answer.
+    ASSERT_TRUE(wm.update(upright));
+    EXPECT_EQ(wm.getAttitude().getAcceleration(), math::Vector3<float>(0.0F, -9.81F, 0.0F));
+    EXPECT_TRUE(wm.isFallen());
+}
+
+}  // namespace
