@@ -1,5 +1,7 @@
 #include "agent/AgentModel.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 
 #include "body/Body.h"
@@ -23,6 +25,8 @@ namespace {
 
 const char kRecording[] = "./LogFiles/Korvel-1.log.offline";
 const char kScene[] = "(scene rsg/agent/nao/nao.rsg)";
+// The team name registered when the configuration names none.
+const char kDefaultTeamName[] = "Korvel";
 
 // Head tilt of every acting turn: degrees, degrees per cycle.
 constexpr float kHeadTilt = -20.0F;
@@ -235,7 +239,26 @@ void AgentModel::init(int uniformNumber, WorldModel* world) {
 
 void AgentModel::sendInit(const std::string& roleFile) {
     const std::string number = config[roleFile]["Initialize"]["UniNum"][0].b_value(std::string());
-    Connection::instance()->sendMessage("(init (unum " + number + ")(teamname Korvel))");
+    Connection::instance()->sendMessage("(init (unum " + number + ")(teamname " + teamName() +
+                                        "))");
+}
+
+std::string AgentModel::teamName() {
+    const ConfigGroup& group = config["ServerInitialize"]["Public"];
+    if (!group.exists("TeamName")) {
+        return kDefaultTeamName;
+    }
+    const std::string name = group["TeamName"].asString();
+    // The name goes into the init message as one atom: no blanks, no brackets, visible text.
+    const bool valid = !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+        return std::isgraph(static_cast<unsigned char>(c)) != 0 && c != '(' && c != ')';
+    });
+    if (!valid) {
+        failCheck("isTeamName(TeamName)", "AgentModel", __LINE__, __PRETTY_FUNCTION__,
+                  checkValueLocation("ServerInitialize", "Public", "TeamName") + " is \"" + name +
+                      "\": a team name is one word of visible characters without brackets");
+    }
+    return name;
 }
 
 void AgentModel::beam(const std::string& roleFile) {

@@ -41,6 +41,10 @@ public:
     // The role's parameter file for a uniform number ("GoalKeeperParameters",
     // "DefenceParameters", "OffenseParameters" for 1, 2, 3); empty for a number without a role.
     static std::string roleFile(int uniformNumber);
+    // The team name sent at registration: "ServerInitialize" / "Public" / "TeamName" (written by
+    // --team), or "Korvel" when the key is absent. A name that cannot be one atom of the init
+    // message (empty, blanks, brackets) is a configuration error.
+    static std::string teamName();
 
     // The command of the role's plan for this cycle (1 goalkeeper, 2 defender, 3 attacker), owned
     // by the caller; null for any other role.
