@@ -1,24 +1,34 @@
 #include "plans/GoalKeeperPlan.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "commands/Command.h"
+#include "plans/Pitch.h"
+#include "skills/dash/DashNormalGotoPoint.h"
 #include "skills/dive/LeftDiv.h"
 #include "skills/dive/RightDiv.h"
 #include "skills/sidewalk/BasicSideWalk.h"
 #include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
+#include "utilities/config/Config.h"
 #include "worldmodel/WorldModel.h"
 
 namespace {
 // Distance of the dive limit from the centre line along x, metres.
 constexpr float kDiveLimit = 5.0F;
+const char kParameters[] = "GoalKeeperParameters";
+const char kKeep[] = "Keep";
+// A walk back to the goal line ends this close to its target (metres); side steps take over.
+constexpr float kWalkDone = 0.5F;
 }  // namespace
 
 bool GoalKeeperPlan::first = true;
 std::string GoalKeeperPlan::name;
 math::Point GoalKeeperPlan::mPoint(0.0F, 0.0F, 0.0F);
 std::string GoalKeeperPlan::diveSide;
+bool GoalKeeperPlan::walking = false;
 
 GoalKeeperPlan::GoalKeeperPlan(std::string name, const WorldModel* wm)
     : AdvancePlan(std::move(name), wm) {}
@@ -90,12 +100,52 @@ void GoalKeeperPlan::chooseAfresh() {
         // The ball lies exactly on the middle line: the dive in progress goes on to its side.
         dive(diveSide == "LeftDiv");
     } else {
+        position();
+        name = "sideWalk";
+    }
+}
+
+bool GoalKeeperPlan::isKeeping() {
+    return config.exists(kParameters) && config[kParameters].exists(kKeep);
+}
+
+float GoalKeeperPlan::keeperY(float ballY, float goalWidth, float postMargin) {
+    const float maxY = std::max(goalWidth * 0.5F - postMargin, 0.0F);
+    return std::clamp(ballY, -maxY, maxY);
+}
+
+void GoalKeeperPlan::position() {
+    if (!isKeeping()) {
         // Side-step towards the middle of the goal (y = 0); with the ball exactly on the middle
         // line and no dive in progress the keeper stays with this.
         BasicSideWalk sideWalk(*wm, 0.0F, false);
         replaceCommand(sideWalk.getCommand());
-        name = "sideWalk";
+        return;
     }
+    const ConfigGroup& values = config[kParameters][kKeep];
+    const float postMargin = values["PostMargin"].asFloat();  // metres
+    const float offLine = values["OffLine"].asFloat();        // metres
+
+    const math::Vector3<float>& self = wm->getSelf()->getPosition();
+    const float lineX = Pitch::toField(*wm, Pitch::beamWord(kParameters, 0), 0.0F).getX();
+    const math::Point place(lineX, keeperY(ballY, Pitch::goalWidth(), postMargin), 0.0F);
+    const bool offTheLine = std::fabs(self.getX() - lineX) > offLine ||
+                            std::fabs(self.getY()) > Pitch::goalWidth() * 0.5F + offLine;
+    const float toPlace = std::hypot(self.getX() - place.getX(), self.getY() - place.getY());
+    if (offTheLine || (walking && toPlace > kWalkDone)) {
+        if (!walking) {
+            // A new walk decides afresh instead of going on with an earlier one.
+            DashNormalGotoPoint::setActionBoolean(false);
+            DashNormalGotoPoint::setFinishedBoolean(false);
+            walking = true;
+        }
+        DashNormalGotoPoint dash(place, *wm, false);
+        replaceCommand(dash.getCommand());
+        return;
+    }
+    walking = false;
+    BasicSideWalk sideWalk(*wm, Pitch::sideStepY(*wm, place.getY()), false);
+    replaceCommand(sideWalk.getCommand());
 }
 
 void GoalKeeperPlan::dive(bool left) {
@@ -120,4 +170,5 @@ void GoalKeeperPlan::resetState() {
     name.clear();
     mPoint = math::Point(0.0F, 0.0F, 0.0F);
     diveSide.clear();
+    walking = false;
 }

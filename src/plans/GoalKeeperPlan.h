@@ -12,6 +12,11 @@ class WorldModel;
 // dive limit (-5 m when the team plays on the left, +5 m otherwise) it side-steps towards the
 // middle of its goal line ("sideWalk"); below the limit it dives to the ball's side ("div"); and
 // once fallen with a dive clock past 20 s it gets up ("standup").
+//
+// With a group "Keep" in "GoalKeeperParameters" the side steps keep the keeper on its goal line
+// (the x of its beam) level with the ball's y, at most "PostMargin" inside either post, and a
+// keeper that has left the line by more than "OffLine" walks back to it. Without the group it
+// side-steps towards the middle of the goal, as the original keeper did.
 class GoalKeeperPlan : public AdvancePlan {
 public:
     GoalKeeperPlan(std::string name, const WorldModel* wm);
@@ -33,12 +38,21 @@ public:
     static std::string name;      // sub-behaviour: empty, "sideWalk", "div" or "standup"
     static math::Point mPoint;    // not used by the goalkeeper
     static std::string diveSide;  // the dive last chosen: "LeftDiv", "RightDiv" or empty
+    static bool walking;          // keeping: walking back to the goal line
 
     // Restores the start-of-process state of the plan's statics.
     static void resetState();
 
+    // Whether the keeper keeps to its goal line (the group "Keep" exists).
+    static bool isKeeping();
+    // The keeper's y on its goal line for the ball's y: the ball's, at most `postMargin` inside
+    // the posts of a goal `goalWidth` wide (metres).
+    static float keeperY(float ballY, float goalWidth, float postMargin);
+
 private:
     void chooseAfresh();
+    // The positioning while the ball is far: side steps (and the walk back to the line).
+    void position();
     void dive(bool left);
     void replaceCommand(Command* next);
 
