@@ -90,11 +90,12 @@ void GoalKeeperPlan::decide() {
 }
 
 void GoalKeeperPlan::chooseAfresh() {
-    const float limit = wm->getSide() == 1 ? -kDiveLimit : kDiveLimit;
-    const bool belowLimit = ballX < limit;
-    if (belowLimit && ballY > 0.0F) {
+    const bool belowLimit = isBallAtGoal();
+    // Which way to dive: by the ball's y as the keeper sees it facing the opponents.
+    const float sideY = isKeeping() ? ballY * Pitch::attackSign(*wm) : ballY;
+    if (belowLimit && sideY > 0.0F) {
         dive(false);
-    } else if (belowLimit && ballY < 0.0F) {
+    } else if (belowLimit && sideY < 0.0F) {
         dive(true);
     } else if (belowLimit && name == "div" && !diveSide.empty()) {
         // The ball lies exactly on the middle line: the dive in progress goes on to its side.
@@ -103,6 +104,16 @@ void GoalKeeperPlan::chooseAfresh() {
         position();
         name = "sideWalk";
     }
+}
+
+bool GoalKeeperPlan::isBallAtGoal() const {
+    if (isKeeping()) {
+        // Within 10 m of the own goal line, on whichever side the team plays.
+        return ballX * Pitch::attackSign(*wm) < -kDiveLimit;
+    }
+    // The original rule: the limit by the side, with the ball below it.
+    const float limit = wm->getSide() == 1 ? -kDiveLimit : kDiveLimit;
+    return ballX < limit;
 }
 
 bool GoalKeeperPlan::isKeeping() {

@@ -15,8 +15,10 @@ class WorldModel;
 //
 // With a group "Keep" in "GoalKeeperParameters" the side steps keep the keeper on its goal line
 // (the x of its beam) level with the ball's y, at most "PostMargin" inside either post, and a
-// keeper that has left the line by more than "OffLine" walks back to it. Without the group it
-// side-steps towards the middle of the goal, as the original keeper did.
+// keeper that has left the line by more than "OffLine" walks back to it; it dives when the ball
+// lies within 10 m of its own goal line, on either side of the field, to the ball's side as seen
+// facing the opponents. Without the group it side-steps towards the middle of the goal and dives
+// below the limit of -5 m (left) or +5 m (otherwise), as the original keeper did.
 class GoalKeeperPlan : public AdvancePlan {
 public:
     GoalKeeperPlan(std::string name, const WorldModel* wm);
@@ -51,6 +53,8 @@ public:
 
 private:
     void chooseAfresh();
+    // Whether the ball has come close enough to the goal for a dive.
+    bool isBallAtGoal() const;
     // The positioning while the ball is far: side steps (and the walk back to the line).
     void position();
     void dive(bool left);
