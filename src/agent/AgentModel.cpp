@@ -234,7 +234,7 @@ void AgentModel::init(int uniformNumber, WorldModel* world) {
     Connection::instance()->getMessage(message);
     world->update(message);
     sendInit(file);
-    beam(file);
+    beam(file, world);
 }
 
 void AgentModel::sendInit(const std::string& roleFile) {
@@ -261,7 +261,7 @@ std::string AgentModel::teamName() {
     return name;
 }
 
-void AgentModel::beam(const std::string& roleFile) {
+void AgentModel::beam(const std::string& roleFile, WorldModel* world) {
     for (int i = 0; i < 10; ++i) {
         const ConfigValue& position = config[roleFile]["Initialize"]["Beam"];
         if (position.size() < 3) {
@@ -274,6 +274,8 @@ void AgentModel::beam(const std::string& roleFile) {
         const std::string r = position[2].b_value(std::string());
         Debugger::logg("Main") << "PLAYERnAME: " << x << std::endl;
         Connection::instance()->getMessage(message);
+        // Not taken in, except for the side: the answer to the registration may come here.
+        world->takeSide(message);
         std::string text = "(beam ";
         text.append(x).append(" ").append(y).append(" ").append(r).append(")");
         Connection::instance()->sendMessage(text);

@@ -36,7 +36,8 @@ public:
     void run() override;
 
     // Session start: scene, two receives, init, one receive, init again, then ten times one
-    // receive and one beam. Sends nothing when the connection cannot be made.
+    // receive and one beam (those ten messages are not taken in, but the side they may name is).
+    // Sends nothing when the connection cannot be made.
     void init(int uniformNumber, WorldModel* world);
     // The role's parameter file for a uniform number ("GoalKeeperParameters",
     // "DefenceParameters", "OffenseParameters" for 1, 2, 3); empty for a number without a role.
@@ -88,7 +89,7 @@ private:
     void handOver(Command* command);
 
     void sendInit(const std::string& roleFile);
-    void beam(const std::string& roleFile);
+    void beam(const std::string& roleFile, WorldModel* world);
 
     static bool offlinePlaying();
 

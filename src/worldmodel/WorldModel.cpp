@@ -122,6 +122,17 @@ bool WorldModel::update(const std::string& message) {
     return true;
 }
 
+bool WorldModel::takeSide(const std::string& message) {
+    std::string why;
+    const std::unique_ptr<SExpression> root = PerceptReader::parseMessage(message, wrapped, why);
+    if (root == nullptr || !PerceptReader::readMessage(*root, percepts, why) ||
+        !percepts.hasGameState || percepts.gameState.side == 0) {
+        return false;
+    }
+    side = percepts.gameState.side;
+    return true;
+}
+
 void WorldModel::setTime(float t) {
     // Restarted in place rather than replaced, so that a holder of getTimer() never dangles.
     timer->resetCycleTime();

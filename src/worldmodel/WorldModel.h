@@ -75,6 +75,12 @@ public:
     // The fall indicator itself: the largest |z| of a landmark seen (metres, camera frame).
     float getFallenValue() const { return fallenValue; }
 
+    /// Only the side from a message that is otherwise not taken in (the answers the session
+    /// start reads before each beam): the server names the team's half once, in whichever
+    /// message follows the registration, and the side must not be missed. A message that cannot
+    /// be read or names no team changes nothing; returns whether the side was set.
+    bool takeSide(const std::string& message);
+
     /// The perceptor readers `update` dispatches to, usable one by one. Each checks its part
     /// of the message first and changes nothing (returning false, with a line on "Main") when
     /// it cannot be read.
