@@ -45,7 +45,7 @@ scripts/install-deps.sh
 if [ ! -f build/CMakeCache.txt ]; then
   cmake -S . -B build -DCMAKE_BUILD_TYPE=Release -DKORVEL_TESTS=OFF >/dev/null
 fi
-cmake --build build -j"${JOBS:-2}" --target korvel >/dev/null
+cmake --build build -j"${JOBS:-2}" --target korvel korvel-track >/dev/null
 player="$root/build/korvel"
 
 # A run directory: the shared data tree through a link, the logs of its own.

@@ -5,6 +5,7 @@
 
 std::string BasicKick::kickSide;
 ConfigSkill BasicKick::configSkill;
+unsigned int BasicKick::starts = 0;
 
 BasicKick::BasicKick(const WorldModel& wm, bool dropCommand) : BasicAction(dropCommand) {
     setSuccessRate(0.0F);
@@ -14,6 +15,9 @@ BasicKick::BasicKick(const WorldModel& wm, bool dropCommand) : BasicAction(dropC
     } else if (configSkill.getCurrentSkillName() == "@") {
         configSkill.setCurrentConfigStepNumber(0);
         play(kickSide, wm);
+        if (!isDropCommand()) {
+            ++starts;
+        }
     } else {
         play(configSkill.getCurrentSkillName(), wm);
     }
@@ -37,6 +41,7 @@ void BasicKick::play(const std::string& name, const WorldModel& wm) {
 
 void BasicKick::resetState() {
     kickSide.clear();
+    starts = 0;
     configSkill.setCurrentSkillName("@");
     configSkill.setFinishedSkill(false);
 }

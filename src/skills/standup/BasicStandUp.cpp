@@ -7,6 +7,7 @@
 #include "worldmodel/WorldModel.h"
 
 ConfigSkill BasicStandUp::configSkill;
+unsigned int BasicStandUp::starts = 0;
 
 BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
     : BasicAction(dropCommand) {
@@ -17,6 +18,9 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
         const float contactY = wm.getSelf()->getBody()->getLeftLeg()->getFRPContactPoint().getY();
         name = std::string(contactY < 0.0F ? "Back" : "Front") + "StandUp";
         configSkill.setCurrentConfigStepNumber(0);
+        if (!dropCommand) {
+            ++starts;
+        }
     } else if (configSkill.isFinished()) {
         if (configSkill.getCurrentSkillName() == "Stop") {
             Debugger::logg("Main") << "StandUp: Stop has ended, the robot is up" << std::endl;
@@ -43,6 +47,7 @@ bool BasicStandUp::isFinished() {
 }
 
 void BasicStandUp::resetState() {
+    starts = 0;
     configSkill.setCurrentSkillName("@");
     configSkill.setFinishedSkill(false);
 }

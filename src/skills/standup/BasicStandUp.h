@@ -18,6 +18,8 @@ public:
     bool isFinished() override;
 
     static ConfigSkill& getConfigSkill() { return configSkill; }
+    // How many stand-ups have been begun with their command kept (not probes): for game reports.
+    static unsigned int getStarts() { return starts; }
 
     // Restores the start-of-process state: nothing loaded.
     static void resetState();
@@ -26,4 +28,5 @@ private:
     Command* command = nullptr;
 
     static ConfigSkill configSkill;
+    static unsigned int starts;
 };
