@@ -4,8 +4,10 @@
 # belongs to one of our players (it ended, or the number was reused) is left alone.
 set -euo pipefail
 cd "$(dirname "$0")"
-shopt -s nullglob
-lists=(run/players.pids run/*/players.pids)
+lists=()
+for list in run/players.pids run/*/players.pids; do
+  if [ -f "$list" ]; then lists+=("$list"); fi
+done
 if [ ${#lists[@]} -eq 0 ]; then
   echo "No players started by ./start.sh are running."
   exit 0

@@ -248,7 +248,7 @@ std::string AgentModel::teamName() {
     if (!group.exists("TeamName")) {
         return kDefaultTeamName;
     }
-    const std::string name = group["TeamName"].asString();
+    std::string name = group["TeamName"].asString();
     // The name goes into the init message as one atom: no blanks, no brackets, visible text.
     const bool valid = !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
         return std::isgraph(static_cast<unsigned char>(c)) != 0 && c != '(' && c != ')';

@@ -79,7 +79,7 @@ class Player:
         self.team = team
         self.number = number
         self.directory = directory
-        self.label = f"{team[:1].upper()}{number}"
+        self.label = f"{team}-{number}"
         self.side = 0
         self.times = []  # simulation time of each message (s)
         self.playing = []  # the game has been kicked off
@@ -112,6 +112,9 @@ def find_players(run):
                 if match and os.path.isfile(
                         os.path.join(path, inner, "LogFiles", "Korvel-1.log.offline")):
                     players.append(Player(entry, int(match.group(1)), os.path.join(path, inner)))
+    # A replay left by an earlier offline start belongs to no game that was played.
+    if any(p.team != "replay" for p in players):
+        players = [p for p in players if p.team != "replay"]
     return players
 
 
@@ -250,12 +253,12 @@ def attribute(goals, players):
 
 
 def table(players, goals):
-    lines = [f"{'player':<10} {'team':<10} {'side':<5} {'pos':<6} {'walked m':>8} {'falls':>5} "
+    lines = [f"{'player':<18} {'side':<5} {'pos':<6} {'walked m':>8} {'falls':>5} "
              f"{'stand-ups (upright)':>19} {'down s':>7} {'kicks':>5} {'goals':>5}"]
     for p in players:
         upright = sum(1 for s in p.standups if s[3])
         side = {1: "left", 2: "right"}.get(p.side, "?")
-        lines.append(f"{p.label:<10} {p.team:<10} {side:<5} {p.source:<6} {p.metres:>8.1f} "
+        lines.append(f"{p.label:<18} {side:<5} {p.source:<6} {p.metres:>8.1f} "
                      f"{len(p.falls):>5} {len(p.standups):>13} {'(' + str(upright) + ')':>5} "
                      f"{p.seconds_down:>7.1f} {len(p.kicks):>5} {p.goals:>5}")
     score = {1: 0, 2: 0}
@@ -398,11 +401,11 @@ def self_check(track):
         fields = rows[1].split()
         checks = [
             (len(rows) == 3, "one player row and the score line"),
-            (fields[0] == "K3" and fields[2] == "left" and fields[3] == "own",
-             "player K3 of the left team, own localisation (no true positions recorded)"),
-            (int(fields[5]) >= 1, "the flailing robot falls"),
-            (float(fields[8]) > 1.0, "it spends time down"),
-            (float(fields[4]) > 0.0, "its track moves"),
+            (fields[:3] == ["Korvel-3", "left", "own"],
+             "player Korvel-3 of the left team, own localisation (no true positions recorded)"),
+            (int(fields[4]) >= 1, "the flailing robot falls"),
+            (float(fields[7]) > 1.0, "it spends time down"),
+            (float(fields[3]) > 0.0, "its track moves"),
             (rows[2].startswith("score: left 0 : 0 right; goals at none"), "no goal"),
             (os.path.getsize(out) > 20000, "the picture is written"),
         ]
