@@ -130,6 +130,10 @@ bool WorldModel::takeSide(const std::string& message) {
         return false;
     }
     side = percepts.gameState.side;
+    // Recorded like the messages taken in, so that a replay of the recording learns the side too.
+    if (!config["ServerInitialize"]["Server"]["OfflinePlaying"].asBool()) {
+        Debugger::logg("MainOff") << message << std::endl;
+    }
     return true;
 }
 

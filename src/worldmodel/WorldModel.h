@@ -78,7 +78,8 @@ public:
     /// Only the side from a message that is otherwise not taken in (the answers the session
     /// start reads before each beam): the server names the team's half once, in whichever
     /// message follows the registration, and the side must not be missed. A message that cannot
-    /// be read or names no team changes nothing; returns whether the side was set.
+    /// be read or names no team changes nothing; returns whether the side was set. A message
+    /// that sets it is recorded to "MainOff" (when online), so that a replay sets it too.
     bool takeSide(const std::string& message);
 
     /// The perceptor readers `update` dispatches to, usable one by one. Each checks its part
