@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "commands/Command.h"
+#include "plans/BallTracker.h"
 #include "plans/KickApproach.h"
 #include "plans/Pitch.h"
 #include "skills/dash/DashNormalGotoPoint.h"
@@ -103,7 +104,7 @@ void DefencePlan::guard() {
     }
 
     const math::Point self = position(wm->getSelf()->getPosition());
-    const math::Point ball = position(wm->getBall()->getPosition());
+    const math::Point ball = BallTracker::update(*wm);
     const float sign = Pitch::attackSign(*wm);
     const bool ballInOwnHalf = ball.getX() * sign < 0.0F;
     if (ballInOwnHalf && distance(self, ball) < clearDistance) {
@@ -115,7 +116,9 @@ void DefencePlan::guard() {
             static_cast<float>(std::atan2(static_cast<double>(goal.getY() - ball.getY()),
                                           static_cast<double>(goal.getX() - ball.getX())) *
                                kRadToDeg);
-        if (KickApproach::isKickPosition(self, wm->getSelf()->getBodyDirection(), ball, direction,
+        // The switch looks at the latest report: what counts at the ball.
+        const math::Point seen = position(wm->getBall()->getPosition());
+        if (KickApproach::isKickPosition(self, wm->getSelf()->getBodyDirection(), seen, direction,
                                          KickApproach::readSwitch(kParameters, "Kick"))) {
             startKick();
         }
@@ -145,8 +148,8 @@ void DefencePlan::walkTo(math::Point target, const char* walkName) {
         DashNormalGotoPoint::setFinishedBoolean(false);
         name = walkName;
     }
-    mPoint = target;
-    DashNormalGotoPoint dash(target, *wm, false);
+    mPoint = Pitch::level(*wm, target);
+    DashNormalGotoPoint dash(mPoint, *wm, false);
     replaceCommand(dash.getCommand());
     Debugger::logg("Main") << "Defence " << name << " to " << target << std::endl;
 }
@@ -161,6 +164,7 @@ void DefencePlan::startKick() {
 }
 
 void DefencePlan::resetState() {
+    BallTracker::resetState();
     first = true;
     name.clear();
     mPoint = math::Point(0.0F, 0.0F, 0.0F);

@@ -150,7 +150,7 @@ void GoalKeeperPlan::position() {
             DashNormalGotoPoint::setFinishedBoolean(false);
             walking = true;
         }
-        DashNormalGotoPoint dash(place, *wm, false);
+        DashNormalGotoPoint dash(Pitch::level(*wm, place), *wm, false);
         replaceCommand(dash.getCommand());
         return;
     }

@@ -5,6 +5,7 @@
 
 #include "commands/Command.h"
 #include "math/Geometry.h"
+#include "plans/BallTracker.h"
 #include "plans/KickApproach.h"
 #include "plans/Pitch.h"
 #include "skills/dash/DashNormalGotoPoint.h"
@@ -82,11 +83,11 @@ math::Point OffensePlan::walkingTarget(const WorldModel& wm) {
         return {kTargetDistance * Pitch::attackSign(wm), 0.0F, 0.0F};
     }
     const KickApproach::Target target = KickApproach::target(
-        position(wm.getSelf()->getPosition()), position(wm.getBall()->getPosition()),
-        Pitch::opponentGoal(wm), KickApproach::readParameters(kParameters, kAttack));
+        position(wm.getSelf()->getPosition()), BallTracker::update(wm), Pitch::opponentGoal(wm),
+        KickApproach::readParameters(kParameters, kAttack));
     Debugger::logg("Main") << "Offense approach: " << KickApproach::phaseName(target.phase)
                            << std::endl;
-    return target.point;
+    return Pitch::level(wm, target.point);
 }
 
 bool OffensePlan::isKickPosition(const WorldModel& wm) {
@@ -167,6 +168,7 @@ void OffensePlan::decide() {
 }
 
 void OffensePlan::resetState() {
+    BallTracker::resetState();
     first = true;
     name.clear();
     mPoint = math::Point(0.0F, 0.0F, 0.0F);

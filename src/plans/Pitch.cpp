@@ -58,6 +58,10 @@ float Pitch::sideStepY(const WorldModel& wm, float y) {
     return 2.0F * selfY - y;
 }
 
+math::Point Pitch::level(const WorldModel& wm, math::Point p) {
+    return {p.getX(), p.getY(), wm.getSelf()->getPosition().getZ()};
+}
+
 float Pitch::beamWord(const std::string& roleFile, int word) {
     return config[roleFile]["Initialize"]["Beam"][word].b_value(0.0F);
 }

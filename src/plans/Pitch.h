@@ -33,6 +33,11 @@ public:
     // 90 degrees off +x) the target is mirrored about the robot's own y.
     static float sideStepY(const WorldModel& wm, float y);
 
+    // `p` at the height of the robot's own position estimate: a walking target whose height
+    // matches the estimate's, so that the walk's distance is the distance on the field (the
+    // localisation's height is often metres off).
+    static math::Point level(const WorldModel& wm, math::Point p);
+
     // Word `word` of "Initialize" / "Beam" of the role's parameter file (the beam's x is the
     // role's line, in the team's own frame; metres).
     static float beamWord(const std::string& roleFile, int word);
