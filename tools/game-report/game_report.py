@@ -53,6 +53,7 @@ UP_ACC_Z = 8.3
 MIN_FALL = 0.2  # seconds down before it counts as a fall
 SAMPLE = 1.0  # seconds between position samples for the metres walked
 MAX_STEP = 3.0  # metres: a longer step between samples is a jump, not walking
+JUMP = 1.0  # metres between two messages: a jump, not drawn as a path
 
 NUMBER = r"([-+]?[0-9]*\.?[0-9]+(?:[eE][-+]?[0-9]+)?)"
 RE_NOW = re.compile(r"\(time \(now " + NUMBER + r"\)\)")
@@ -298,9 +299,13 @@ def draw(players, goals, out):
         points = [(t, x, y) for t, x, y, play in zip(p.times, p.xs, p.ys, p.playing)
                   if play and x is not None]
         if len(points) > 1:
-            segments = [[(a[1], a[2]), (b[1], b[2])] for a, b in zip(points, points[1:])]
+            # A jump between two messages is the referee moving the robot (or, with the
+            # player's own localisation, a lost position), not a path: it is not drawn.
+            segments = [[(a[1], a[2]), (b[1], b[2])] for a, b in zip(points, points[1:])
+                        if math.hypot(b[1] - a[1], b[2] - a[2]) <= JUMP]
             lines = LineCollection(segments, cmap="viridis", norm=norm, linewidth=2, zorder=3)
-            lines.set_array([a[0] for a in points[:-1]])
+            lines.set_array([a[0] for a, b in zip(points, points[1:])
+                             if math.hypot(b[1] - a[1], b[2] - a[2]) <= JUMP])
             ax.add_collection(lines)
             ax.annotate(p.label, (points[-1][1], points[-1][2]), color="white",
                         fontweight="bold", xytext=(4, 4), textcoords="offset points", zorder=6)
@@ -347,7 +352,8 @@ def draw(players, goals, out):
         score[side] += 1
     ax.set_title(f"{teams.get(1, '?')} (left) {score[1]} : {score[2]} {teams.get(2, '?')} (right)"
                  f", {t1 - t0:.0f} s of play; positions: "
-                 + ", ".join(f"{p.label} {p.source}" for p in players))
+                 + ", ".join(sorted({"true (server)" if p.source == "server" else
+                                     "the players' own" for p in players})))
     ax.set_xlim(-half_l - 1, half_l + 1)
     ax.set_ylim(-half_w - 1, half_w + 1)
     ax.set_aspect("equal")
