@@ -107,7 +107,10 @@ public:
 private:
     void applyGameState(const GameStateReading& reading);
     void applyBody(const Percepts& readings);
-    void applyVision(const std::map<unsigned int, math::Vector3<float>>& landmarks);
+    // The landmarks seen, levelled by the head's tilt, into the localisation.
+    void applyVision(const std::map<unsigned int, math::Vector3<float>>& seen);
+    // The measured angle of the head's tilt joint (degrees, negative down).
+    float headTilt() const;
     void applyBall(bool seen, const math::Vector3<float>& relative);
     void refreshFlags();
     math::Vector3<float> refinePosition(const std::map<unsigned int, math::Vector3<float>>& turned,
