@@ -1,5 +1,7 @@
 #include "agent/AgentModel.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 
 #include "body/Body.h"
@@ -24,6 +26,8 @@ namespace {
 
 const char kRecording[] = "./LogFiles/Korvel-1.log.offline";
 const char kScene[] = "(scene rsg/agent/nao/nao.rsg)";
+// The team name registered when the configuration names none.
+const char kDefaultTeamName[] = "Korvel";
 
 // Head tilt of every acting turn: degrees, degrees per cycle.
 constexpr float kHeadTilt = -20.0F;
@@ -232,15 +236,34 @@ void AgentModel::init(int uniformNumber, WorldModel* world) {
     Connection::instance()->getMessage(message);
     world->update(message);
     sendInit(file);
-    beam(file);
+    beam(file, world);
 }
 
 void AgentModel::sendInit(const std::string& roleFile) {
     const std::string number = config[roleFile]["Initialize"]["UniNum"][0].b_value(std::string());
-    Connection::instance()->sendMessage("(init (unum " + number + ")(teamname Korvel))");
+    Connection::instance()->sendMessage("(init (unum " + number + ")(teamname " + teamName() +
+                                        "))");
 }
 
-void AgentModel::beam(const std::string& roleFile) {
+std::string AgentModel::teamName() {
+    const ConfigGroup& group = config["ServerInitialize"]["Public"];
+    if (!group.exists("TeamName")) {
+        return kDefaultTeamName;
+    }
+    std::string name = group["TeamName"].asString();
+    // The name goes into the init message as one atom: no blanks, no brackets, visible text.
+    const bool valid = !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+        return std::isgraph(static_cast<unsigned char>(c)) != 0 && c != '(' && c != ')';
+    });
+    if (!valid) {
+        failCheck("isTeamName(TeamName)", "AgentModel", __LINE__, __PRETTY_FUNCTION__,
+                  checkValueLocation("ServerInitialize", "Public", "TeamName") + " is \"" + name +
+                      "\": a team name is one word of visible characters without brackets");
+    }
+    return name;
+}
+
+void AgentModel::beam(const std::string& roleFile, WorldModel* world) {
     for (int i = 0; i < 10; ++i) {
         const ConfigValue& position = config[roleFile]["Initialize"]["Beam"];
         if (position.size() < 3) {
@@ -253,6 +276,8 @@ void AgentModel::beam(const std::string& roleFile) {
         const std::string r = position[2].b_value(std::string());
         Debugger::logg("Main") << "PLAYERnAME: " << x << std::endl;
         Connection::instance()->getMessage(message);
+        // Not taken in, except for the side: the answer to the registration may come here.
+        world->takeSide(message);
         std::string text = "(beam ";
         text.append(x).append(" ").append(y).append(" ").append(r).append(")");
         Connection::instance()->sendMessage(text);

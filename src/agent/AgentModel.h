@@ -36,11 +36,16 @@ public:
     void run() override;
 
     // Session start: scene, two receives, init, one receive, init again, then ten times one
-    // receive and one beam. Sends nothing when the connection cannot be made.
+    // receive and one beam (those ten messages are not taken in, but the side they may name is).
+    // Sends nothing when the connection cannot be made.
     void init(int uniformNumber, WorldModel* world);
     // The role's parameter file for a uniform number ("GoalKeeperParameters",
     // "DefenceParameters", "OffenseParameters" for 1, 2, 3); empty for a number without a role.
     static std::string roleFile(int uniformNumber);
+    // The team name sent at registration: "ServerInitialize" / "Public" / "TeamName" (written by
+    // --team), or "Korvel" when the key is absent. A name that cannot be one atom of the init
+    // message (empty, blanks, brackets) is a configuration error.
+    static std::string teamName();
 
     // The command of the role's plan for this cycle (1 goalkeeper, 2 defender, 3 attacker), owned
     // by the caller; null for any other role.
@@ -84,7 +89,7 @@ private:
     void handOver(Command* command);
 
     void sendInit(const std::string& roleFile);
-    void beam(const std::string& roleFile);
+    void beam(const std::string& roleFile, WorldModel* world);
 
     static bool offlinePlaying();
 

@@ -1,15 +1,21 @@
 #include "plans/GoalKeeperPlan.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "commands/Command.h"
+#include "math/Angles.h"
+#include "plans/Pitch.h"
 #include "plans/SubBehaviour.h"
 #include "skills/SkillNames.h"
+#include "skills/dash/DashNormalGotoPoint.h"
 #include "skills/dive/LeftDiv.h"
 #include "skills/dive/RightDiv.h"
 #include "skills/sidewalk/BasicSideWalk.h"
 #include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
+#include "utilities/config/Config.h"
 #include "worldmodel/FallRule.h"
 #include "worldmodel/WorldModel.h"
 
@@ -22,12 +28,17 @@ constexpr float kDiveLimit = 5.0F;
 // position is not to be trusted: in role trials on the real server a keeper that stayed down
 // for the old 20 s dive clock spent 26 of 45 s on the ground.
 constexpr float kDiveBlockTime = 3.0F;
+const char kParameters[] = "GoalKeeperParameters";
+const char kKeep[] = "Keep";
+// A walk back to the goal line ends this close to its target (metres); side steps take over.
+constexpr float kWalkDone = 0.5F;
 }  // namespace
 
 bool GoalKeeperPlan::first = true;
 std::string GoalKeeperPlan::name;
 math::Point GoalKeeperPlan::mPoint(0.0F, 0.0F, 0.0F);
 std::string GoalKeeperPlan::diveSide;
+bool GoalKeeperPlan::walking = false;
 
 GoalKeeperPlan::GoalKeeperPlan(std::string name, const WorldModel* wm)
     : AdvancePlan(std::move(name), wm) {}
@@ -126,22 +137,73 @@ void GoalKeeperPlan::beginStandUp() {
 }
 
 void GoalKeeperPlan::chooseAfresh() {
-    const float limit = wm->getSide() == 1 ? -kDiveLimit : kDiveLimit;
-    const bool belowLimit = ballX < limit;
-    if (belowLimit && ballY > 0.0F) {
+    const bool belowLimit = isBallAtGoal();
+    // Which way to dive: by the ball's y as the keeper sees it facing the opponents.
+    const float sideY = isKeeping() ? ballY * Pitch::attackSign(*wm) : ballY;
+    if (belowLimit && sideY > 0.0F) {
         dive(false);
-    } else if (belowLimit && ballY < 0.0F) {
+    } else if (belowLimit && sideY < 0.0F) {
         dive(true);
     } else if (belowLimit && name == subbehaviour::kDive && !diveSide.empty()) {
         // The ball lies exactly on the middle line: the dive in progress goes on to its side.
         dive(diveSide == skillname::kLeftDive);
     } else {
+        position();
+        name = subbehaviour::kSideWalk;
+    }
+}
+
+bool GoalKeeperPlan::isBallAtGoal() const {
+    if (isKeeping()) {
+        // Within 10 m of the own goal line, on whichever side the team plays.
+        return ballX * Pitch::attackSign(*wm) < -kDiveLimit;
+    }
+    // The original rule: the limit by the side, with the ball below it.
+    const float limit = wm->getSide() == 1 ? -kDiveLimit : kDiveLimit;
+    return ballX < limit;
+}
+
+bool GoalKeeperPlan::isKeeping() {
+    return config.exists(kParameters) && config[kParameters].exists(kKeep);
+}
+
+float GoalKeeperPlan::keeperY(float ballY, float goalWidth, float postMargin) {
+    const float maxY = std::max(goalWidth * 0.5F - postMargin, 0.0F);
+    return std::clamp(ballY, -maxY, maxY);
+}
+
+void GoalKeeperPlan::position() {
+    if (!isKeeping()) {
         // Side-step towards the middle of the goal (y = 0); with the ball exactly on the middle
         // line and no dive in progress the keeper stays with this.
         BasicSideWalk sideWalk(*wm, 0.0F, false);
         replaceCommand(sideWalk.getCommand());
-        name = subbehaviour::kSideWalk;
+        return;
     }
+    const ConfigGroup& values = config[kParameters][kKeep];
+    const float postMargin = values["PostMargin"].asFloat();  // metres
+    const float offLine = values["OffLine"].asFloat();        // metres
+
+    const math::Vector3<float>& self = wm->getSelf()->getPosition();
+    const float lineX = Pitch::toField(*wm, Pitch::beamWord(kParameters, 0), 0.0F).getX();
+    const math::Point place(lineX, keeperY(ballY, Pitch::goalWidth(), postMargin), 0.0F);
+    const bool offTheLine = std::fabs(self.getX() - lineX) > offLine ||
+                            std::fabs(self.getY()) > Pitch::goalWidth() * 0.5F + offLine;
+    const float toPlace = std::hypot(self.getX() - place.getX(), self.getY() - place.getY());
+    if (offTheLine || (walking && toPlace > kWalkDone)) {
+        if (!walking) {
+            // A new walk decides afresh instead of going on with an earlier one.
+            DashNormalGotoPoint::setActionBoolean(false);
+            DashNormalGotoPoint::setFinishedBoolean(false);
+            walking = true;
+        }
+        DashNormalGotoPoint dash(Pitch::level(*wm, place), *wm, false);
+        replaceCommand(dash.getCommand());
+        return;
+    }
+    walking = false;
+    BasicSideWalk sideWalk(*wm, Pitch::sideStepY(*wm, place.getY()), false);
+    replaceCommand(sideWalk.getCommand());
 }
 
 void GoalKeeperPlan::dive(bool left) {
@@ -166,4 +228,5 @@ void GoalKeeperPlan::resetState() {
     name.clear();
     mPoint = math::Point(0.0F, 0.0F, 0.0F);
     diveSide.clear();
+    walking = false;
 }

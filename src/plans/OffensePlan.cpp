@@ -6,6 +6,9 @@
 #include "commands/Command.h"
 #include "math/Angles.h"
 #include "math/Geometry.h"
+#include "plans/BallTracker.h"
+#include "plans/KickApproach.h"
+#include "plans/Pitch.h"
 #include "plans/SubBehaviour.h"
 #include "skills/SkillNames.h"
 #include "skills/dash/DashNormalGotoPoint.h"
@@ -13,6 +16,7 @@
 #include "skills/standup/BasicStandUp.h"
 #include "skills/style/BasicStyle.h"
 #include "utilities/config/Config.h"
+#include "utilities/config/ConfigError.h"
 #include "utilities/config/Settings.h"
 #include "utilities/logging/Debugger.h"
 #include "worldmodel/WorldModel.h"
@@ -21,10 +25,11 @@ namespace {
 // The walking target lies this far (metres) along the attack direction, beyond the field.
 constexpr float kTargetDistance = 100.0F;
 
-// The direction of attack along x: +1 playing on the left (or side not yet known), -1 on the
-// right.
-float attackSign(const WorldModel& wm) {
-    return wm.getSide() == 2 ? -1.0F : 1.0F;
+const char kParameters[] = "OffenseParameters";
+const char kAttack[] = "Attack";
+
+math::Point position(const math::Vector3<float>& v) {
+    return {v.getX(), v.getY(), 0.0F};
 }
 }  // namespace
 
@@ -63,31 +68,44 @@ void OffensePlan::startKick() {
     name = subbehaviour::kKick;
 }
 
-bool OffensePlan::isKickPosition(const WorldModel& wm) {
-    const float maxDistance = settings::kickMaxBallDistance();  // metres
-    const float maxBearing = settings::kickMaxBallBearing();    // degrees
-    const float maxHeading = settings::kickMaxHeadingError();   // degrees
+bool OffensePlan::isScoring() {
+    if (!config.exists(kParameters) || !config[kParameters].exists(kAttack)) {
+        return false;
+    }
+    const std::string target = config[kParameters][kAttack]["Target"].asString();
+    if (target != "goal" && target != "far") {
+        failCheck("Target == goal || Target == far", "OffensePlan", __LINE__, __PRETTY_FUNCTION__,
+                  checkValueLocation(kParameters, kAttack, "Target") + " is \"" + target +
+                      "\": \"goal\" (play for goals) or \"far\" (walk towards x = 100 m)");
+    }
+    return target == "goal";
+}
 
-    const float sign = attackSign(wm);
-    const math::Vector3<float>& ball = wm.getBall()->getPosition();
-    const math::Vector3<float>& self = wm.getSelf()->getPosition();
-    // Ball position relative to the robot, in a frame whose x points along the attack.
-    const float ahead = (ball.getX() - self.getX()) * sign;
-    const float across = (ball.getY() - self.getY()) * sign;
-    const float distance = std::sqrt(ahead * ahead + across * across);
-    if (distance > maxDistance || ahead <= 0.0F) {
-        return false;
+math::Point OffensePlan::walkingTarget(const WorldModel& wm) {
+    if (!isScoring()) {
+        return {kTargetDistance * Pitch::attackSign(wm), 0.0F, 0.0F};
     }
-    const auto bearing = static_cast<float>(std::fabs(
-        math::toDegrees(std::atan2(static_cast<double>(across), static_cast<double>(ahead)))));
-    if (bearing > maxBearing) {
-        return false;
+    const KickApproach::Target target = KickApproach::target(
+        position(wm.getSelf()->getPosition()), BallTracker::update(wm), Pitch::opponentGoal(wm),
+        KickApproach::readParameters(kParameters, kAttack));
+    Debugger::logg("Main") << "Offense approach: " << KickApproach::phaseName(target.phase)
+                           << std::endl;
+    return Pitch::level(wm, target.point);
+}
+
+bool OffensePlan::isKickPosition(const WorldModel& wm) {
+    const math::Point ball = position(wm.getBall()->getPosition());
+    // The kick goes along the attack; when playing for goals, from the ball at the goal's centre.
+    float direction = Pitch::attackSign(wm) > 0.0F ? 0.0F : 180.0F;
+    if (isScoring()) {
+        const math::Point goal = Pitch::opponentGoal(wm);
+        direction = static_cast<float>(std::atan2(static_cast<double>(goal.getY() - ball.getY()),
+                                                  static_cast<double>(goal.getX() - ball.getX())) *
+                                       math::kDegreesPerRadian);
     }
-    // Heading relative to the attack direction, in [-180, 180) degrees.
-    const float attackDirection = sign > 0.0F ? 0.0F : 180.0F;
-    const float headingError =
-        std::fabs(math::absoluteAngle(wm.getSelf()->getBodyDirection() - attackDirection));
-    return headingError <= maxHeading;
+    return KickApproach::isKickPosition(position(wm.getSelf()->getPosition()),
+                                        wm.getSelf()->getBodyDirection(), ball, direction,
+                                        KickApproach::readSwitch(kParameters, "Kick"));
 }
 
 void OffensePlan::decide() {
@@ -99,7 +117,7 @@ void OffensePlan::decide() {
         return;
     }
 
-    mPoint = math::Point(kTargetDistance * attackSign(*wm), 0.0F, 0.0F);
+    mPoint = walkingTarget(*wm);
     const math::Vector3<float>& self = wm->getSelf()->getPosition();
     const float dx = mPoint.getX() - self.getX();
     const float dy = mPoint.getY() - self.getY();
@@ -153,6 +171,7 @@ void OffensePlan::decide() {
 }
 
 void OffensePlan::resetState() {
+    BallTracker::resetState();
     first = true;
     name.clear();
     mPoint = math::Point(0.0F, 0.0F, 0.0F);

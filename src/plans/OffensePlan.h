@@ -8,10 +8,16 @@
 class Command;
 class WorldModel;
 
-// The attacker (role 3). After one opening style step it walks towards the opponents' side
-// ("dash"), kicks when it stands close behind the ball facing the opponents' half ("kick"), and
-// stands up whenever it has fallen ("standup"). A sub-behaviour that has ended hands over to a
-// fresh walk, with the walking and kicking state reset.
+// The attacker (role 3). After one opening style step it walks ("dash"), kicks when it stands
+// close behind the ball facing the way the kick should go ("kick"), and stands up whenever it has
+// fallen ("standup"). A sub-behaviour that has ended hands over to a fresh walk, with the walking
+// and kicking state reset.
+//
+// Where it walks is set by "OffenseParameters" / "Attack" / "Target": "goal" plays for goals
+// (round the ball to a kicking position behind it on the line from the ball to the opponents'
+// goal centre, then through the ball at the goal, re-planned every cycle from where the ball is;
+// see KickApproach); "far", or no group "Attack" at all, walks towards a point 100 m along the
+// attack, as the original attacker did.
 class OffensePlan : public AdvancePlan {
 public:
     OffensePlan(std::string name, const WorldModel* wm);
@@ -25,9 +31,14 @@ public:
     // The command chosen by `decide()`; the caller owns it.
     Command* getCommand() override { return command; }
 
-    // Whether the robot stands close behind the ball facing the opponents' half, by the
+    // Whether the robot stands close behind the ball facing the way the kick should go (at the
+    // opponents' goal centre when playing for goals, along the attack otherwise), by the
     // thresholds of group "Kick" of "OffenseParameters".
     static bool isKickPosition(const WorldModel& wm);
+    // Whether the attacker plays for goals ("Attack" / "Target" = goal).
+    static bool isScoring();
+    // This cycle's walking target (field frame, metres).
+    static math::Point walkingTarget(const WorldModel& wm);
 
     static bool first;          // the opening style step has not been taken yet
     static std::string name;    // sub-behaviour: empty, "dash", "standup" or "kick"

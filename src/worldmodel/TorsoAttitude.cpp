@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "math/Angles.h"
+
 namespace {
 
 constexpr float kGravity = 9.81F;  // m/s^2

@@ -86,6 +86,13 @@ public:
     /// The torso's attitude from the accelerometer and gyroscope, kept under either rule.
     const TorsoAttitude& getAttitude() const { return attitude; }
 
+    /// Only the side from a message that is otherwise not taken in (the answers the session
+    /// start reads before each beam): the server names the team's half once, in whichever
+    /// message follows the registration, and the side must not be missed. A message that cannot
+    /// be read or names no team changes nothing; returns whether the side was set. A message
+    /// that sets it is recorded to "MainOff" (when online), so that a replay sets it too.
+    bool takeSide(const std::string& message);
+
     /// The perceptor readers `update` dispatches to, usable one by one. Each checks its part
     /// of the message first and changes nothing (returning false, with a line on "Main") when
     /// it cannot be read.
@@ -111,7 +118,11 @@ public:
 private:
     void applyGameState(const GameStateReading& reading);
     void applyBody(const Percepts& readings);
-    void applyVision(const std::map<unsigned int, math::Vector3<float>>& landmarks);
+    // The landmarks seen, levelled by the head's tilt, into the localisation.
+    void applyVision(const std::map<unsigned int, math::Vector3<float>>& seen);
+    // The measured angle of the head's tilt joint (degrees, negative down); 0 when vision is not
+    // levelled.
+    float headTilt() const;
     void applyBall(bool seen, const math::Vector3<float>& relative);
     void refreshFlags();
     math::Vector3<float> refinePosition(const std::map<unsigned int, math::Vector3<float>>& turned,
@@ -136,6 +147,7 @@ private:
     TorsoAttitude attitude;
     FallRule fallRule = FallRule::Landmarks;
     bool fallRuleRead = false;
+    bool levelHeadTilt = false;  // vision levelled by the head's tilt (read with the fall rule)
 
     /// Scratch space for reading one message; not part of the picture of the game.
     std::string wrapped;

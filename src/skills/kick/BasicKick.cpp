@@ -6,6 +6,7 @@
 
 std::string BasicKick::kickSide;
 ConfigSkill BasicKick::configSkill;
+unsigned int BasicKick::starts = 0;
 
 BasicKick::BasicKick(const WorldModel& wm, bool dropCommand) : BasicAction(dropCommand) {
     setSuccessRate(0.0F);
@@ -15,6 +16,9 @@ BasicKick::BasicKick(const WorldModel& wm, bool dropCommand) : BasicAction(dropC
     } else if (configSkill.getCurrentSkillName() == skillname::kNoSkill) {
         configSkill.setCurrentConfigStepNumber(0);
         play(kickSide, wm);
+        if (!isDropCommand()) {
+            ++starts;
+        }
     } else {
         play(configSkill.getCurrentSkillName(), wm);
     }
@@ -38,6 +42,7 @@ void BasicKick::play(const std::string& name, const WorldModel& wm) {
 
 void BasicKick::resetState() {
     kickSide.clear();
+    starts = 0;
     configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

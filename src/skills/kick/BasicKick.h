@@ -22,6 +22,8 @@ public:
     // The kick's player, so that a plan can reset it before a new kick.
     static ConfigSkill& getConfigSkill() { return configSkill; }
     static const std::string& getKickSide() { return kickSide; }
+    // How many kicks have been started with their command kept (not probes): for game reports.
+    static unsigned int getStarts() { return starts; }
 
     // Restores the start-of-process state: no kick chosen, nothing loaded.
     static void resetState();
@@ -33,4 +35,5 @@ private:
 
     static std::string kickSide;
     static ConfigSkill configSkill;
+    static unsigned int starts;
 };

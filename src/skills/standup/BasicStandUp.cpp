@@ -8,6 +8,7 @@
 #include "worldmodel/WorldModel.h"
 
 ConfigSkill BasicStandUp::configSkill;
+unsigned int BasicStandUp::starts = 0;
 
 BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
     : BasicAction(dropCommand) {
@@ -22,6 +23,9 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
                 << TorsoAttitude::leanName(attitude.getLean()) << std::endl;
         }
         configSkill.setCurrentConfigStepNumber(0);
+        if (!dropCommand) {
+            ++starts;
+        }
     } else if (configSkill.isFinished()) {
         if (configSkill.getCurrentSkillName() == skillname::kStop) {
             Debugger::logg("Main") << "StandUp: Stop has ended, the robot is up" << std::endl;
@@ -56,6 +60,7 @@ bool BasicStandUp::isFinished() {
 }
 
 void BasicStandUp::resetState() {
+    starts = 0;
     configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

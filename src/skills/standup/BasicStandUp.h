@@ -22,6 +22,8 @@ public:
     static ConfigSkill& getConfigSkill() { return configSkill; }
     // Whether a stand-up begun now would be "BackStandUp".
     static bool liesOnBack(const WorldModel& wm);
+    // How many stand-ups have been begun with their command kept (not probes): for game reports.
+    static unsigned int getStarts() { return starts; }
 
     // Restores the start-of-process state: nothing loaded.
     static void resetState();
@@ -30,4 +32,5 @@ private:
     Command* command = nullptr;
 
     static ConfigSkill configSkill;
+    static unsigned int starts;
 };

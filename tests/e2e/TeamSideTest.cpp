@@ -1,0 +1,171 @@
+// The team name on the wire, and a game on the right half: the server's answer names the right
+// team, the beams stay as configured (the server turns them into the right half), and a game
+// seen from the right half, the field turned by 180 degrees, is answered with the same effector
+// texts as the same game seen from the left: every role's decisions follow the side. The real
+// session names the team's half in the first answer read before a beam, so the side must be
+// taken from there.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "PlayerProcess.h"
+#include "SessionScript.h"
+#include "support/ScratchDirectory.h"
+#include "support/ScriptedServer.h"
+
+using support::Millis;
+using support::ScriptedServer;
+using support::ServerScript;
+using Kind = ScriptedServer::EventKind;
+
+namespace {
+
+// Real messages: the session start, 13 before kick-off, then play while the robot is driven
+// through its whole joint range and falls.
+constexpr size_t kMessages = 500;
+
+std::vector<std::string> realSession() {
+    std::vector<std::string> all = session::realSession();
+    all.resize(std::min(kMessages, all.size()));
+    return all;
+}
+
+void replaceAll(std::string& text, const std::string& from, const std::string& to) {
+    for (size_t at = text.find(from); at != std::string::npos;
+         at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+    }
+}
+
+// The same messages as a player on the right half receives them for the same game turned by 180
+// degrees about the centre spot: its side is "right", and every landmark it sees in a direction
+// is the one opposite (F1L at (-15, 10) becomes F2R at (15, -10), and so on). The robot's own
+// senses and what it sees of the ball are the same.
+std::vector<std::string> turnedToTheRight(std::vector<std::string> messages) {
+    const std::pair<const char*, const char*> opposite[] = {
+        {"(F1L ", "(F2R "}, {"(F2L ", "(F1R "}, {"(G1L ", "(G2R "}, {"(G2L ", "(G1R "}};
+    for (std::string& message : messages) {
+        replaceAll(message, "(team left)", "(team right)");
+        for (const auto& [a, b] : opposite) {
+            replaceAll(message, a, "(#1 ");
+            replaceAll(message, b, a);
+            replaceAll(message, "(#1 ", b);
+        }
+    }
+    return messages;
+}
+
+std::vector<std::string> received(const std::vector<ScriptedServer::Event>& events) {
+    std::vector<std::string> frames;
+    for (const auto& event : events) {
+        if (event.kind == Kind::Received) {
+            frames.push_back(event.data);
+        }
+    }
+    return frames;
+}
+
+class TeamSideTest : public ::testing::Test {
+protected:
+    // Plays `messages` as a whole game with a player started with `arguments` (host and port
+    // added) in a fresh run directory; returns every frame the player sent.
+    std::vector<std::string> play(const std::vector<std::string>& messages,
+                                  std::vector<std::string> arguments) {
+        const support::ScratchDirectory dir;
+        PlayerProcess::prepareRunDirectory(dir.path());
+        ScriptedServer server(session::game(messages));
+        arguments.insert(arguments.end(),
+                         {"--host", "127.0.0.1", "--port", std::to_string(server.port())});
+        PlayerProcess player(dir.path(), arguments);
+        EXPECT_TRUE(server.wait(Millis(120000)));
+        EXPECT_EQ(player.wait(20000), 0) << player.standardError();
+        return received(server.events());
+    }
+};
+
+TEST_F(TeamSideTest, TheTeamNameGoesIntoBothInitMessages) {
+    const std::vector<std::string> messages = realSession();
+    struct Case {
+        std::vector<std::string> arguments;
+        const char* init;
+    };
+    const Case cases[] = {
+        {{"--number", "2"}, "(init (unum 2)(teamname Korvel))"},
+        {{"--number", "2", "--team", "Rival-2"}, "(init (unum 2)(teamname Rival-2))"},
+    };
+    for (const Case& c : cases) {
+        const support::ScratchDirectory dir;
+        PlayerProcess::prepareRunDirectory(dir.path());
+        ServerScript script;
+        session::addHandshake(script, messages);
+        script.close();
+        ScriptedServer server(script);
+        std::vector<std::string> arguments = c.arguments;
+        arguments.insert(arguments.end(),
+                         {"--host", "127.0.0.1", "--port", std::to_string(server.port())});
+        PlayerProcess player(dir.path(), arguments);
+        ASSERT_TRUE(server.wait(Millis(30000)));
+        EXPECT_EQ(player.wait(20000), 0) << player.standardError();
+        const std::vector<ScriptedServer::Event> events = server.events();
+        const std::vector<ScriptedServer::Event> expected =
+            session::handshakeEvents(messages, c.init, "(beam -9 1.5 0)");
+        ASSERT_GE(events.size(), expected.size()) << session::describe(events);
+        for (size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(events[i].kind, expected[i].kind) << c.init << ", event " << i;
+            EXPECT_EQ(events[i].data, expected[i].data) << c.init << ", event " << i;
+        }
+    }
+}
+
+TEST_F(TeamSideTest, ATeamNameThatIsNotOneAtomStopsThePlayerBeforeItRegisters) {
+    const std::vector<std::string> messages = realSession();
+    const support::ScratchDirectory dir;
+    PlayerProcess::prepareRunDirectory(dir.path());
+    ServerScript script;
+    script.expectFrame().sendFrame(messages[0]).sendFrame(messages[1]).expectClose();
+    ScriptedServer server(script);
+    PlayerProcess player(dir.path(), {"--number", "3", "--team", "Bad)Name", "--host", "127.0.0.1",
+                                      "--port", std::to_string(server.port())});
+    ASSERT_TRUE(server.wait(Millis(30000)));
+    EXPECT_EQ(player.wait(20000), 1);
+    EXPECT_EQ(server.frames(), std::vector<std::string>{session::kScene});
+    EXPECT_NE(player.standardError().find(
+                  "check \"isTeamName(TeamName)\" failed (configuration \"ServerInitialize\", "
+                  "group \"Public\", key \"TeamName\" is \"Bad)Name\": a team name is one word of "
+                  "visible characters without brackets)\n"),
+              std::string::npos)
+        << player.standardError();
+}
+
+TEST_F(TeamSideTest, EveryRolePlaysTheRightHalfAsTheLeftTurnedRound) {
+    const std::vector<std::string> left = realSession();
+    const std::vector<std::string> right = turnedToTheRight(left);
+    ASSERT_NE(left, right);
+    struct Case {
+        const char* number;
+        const char* beam;
+    };
+    for (const Case c : {Case{"1", "(beam -14 0 0)"}, Case{"2", "(beam -9 1.5 0)"},
+                         Case{"3", "(beam -0.6 -0.06 0)"}}) {
+        const std::vector<std::string> fromLeft = play(left, {"--number", c.number});
+        const std::vector<std::string> fromRight =
+            play(right, {"--number", c.number, "--team", "Rival"});
+        // Scene, two inits, ten beams as configured, then one answer per message of play.
+        ASSERT_GT(fromRight.size(), 13u) << c.number;
+        EXPECT_EQ(fromRight[1], "(init (unum " + std::string(c.number) + ")(teamname Rival))");
+        for (size_t i = 3; i < 13; ++i) {
+            EXPECT_EQ(fromRight[i], c.beam) << c.number << ", beam " << i - 3;
+        }
+        ASSERT_EQ(fromLeft.size(), fromRight.size()) << c.number;
+        size_t differing = 0;
+        for (size_t i = 13; i < fromLeft.size(); ++i) {
+            differing += fromLeft[i] != fromRight[i] ? 1 : 0;
+        }
+        EXPECT_EQ(differing, 0u) << "role " << c.number << ": of " << fromLeft.size() - 13
+                                 << " answers";
+    }
+}
+
+}  // namespace

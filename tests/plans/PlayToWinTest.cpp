@@ -1,0 +1,273 @@
+// The decisions of the plans that play for goals: where the kick approach walks, when the kick
+// switch fires, where the defender and the keeper stand, and which skill each plan chooses for
+// a world state once its parameter group is there.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "PlanFixture.h"
+#include "plans/DefencePlan.h"
+#include "plans/GoalKeeperPlan.h"
+#include "plans/KickApproach.h"
+#include "plans/OffensePlan.h"
+#include "skills/dash/BasicDash.h"
+#include "skills/kick/BasicKick.h"
+#include "skills/sidewalk/BasicSideWalk.h"
+#include "support/ScratchDirectory.h"
+#include "utilities/config/Config.h"
+
+namespace {
+
+using math::Point;
+using Phase = KickApproach::Phase;
+
+TEST(KickApproach, WalksRoundTheBallThenRunsUpAlongTheKickLine) {
+    const KickApproach::Parameters p;  // 0.6 m run-up, 0.7 m clearance, 0.25 m, 0.055 m
+    struct Case {
+        const char* what;
+        Point self, ball, goal;
+        Phase phase;
+        Point target;
+    };
+    const Case cases[] = {
+        {"on the line behind the ball", {-2, -0.055F}, {0, 0}, {15, 0}, Phase::RunUp, {1, -0.055F}},
+        {"behind, off the line", {-2, 2}, {0, 0}, {15, 0}, Phase::Behind, {-0.6F, -0.055F}},
+        {"in front, left of the line", {2, 0}, {0, 0}, {15, 0}, Phase::Round, {0, 0.7F}},
+        {"in front, right of the line", {1, -0.3F}, {0, 0}, {15, 0}, Phase::Round, {0, -0.7F}},
+        {"near the run-up's start", {-0.5F, 0.3F}, {0, 0}, {15, 0}, Phase::RunUp, {1, -0.055F}},
+        {"right team, goal at -15", {5, 0.055F}, {3, 0}, {-15, 0}, Phase::RunUp, {2, 0.055F}},
+        {"right team, in front", {1, 0}, {3, 0}, {-15, 0}, Phase::Round, {3, -0.7F}},
+    };
+    for (const Case& c : cases) {
+        const KickApproach::Target t = KickApproach::target(c.self, c.ball, c.goal, p);
+        EXPECT_EQ(t.phase, c.phase) << c.what << ": " << KickApproach::phaseName(t.phase);
+        EXPECT_NEAR(t.point.getX(), c.target.getX(), 1e-4F) << c.what;
+        EXPECT_NEAR(t.point.getY(), c.target.getY(), 1e-4F) << c.what;
+    }
+}
+
+TEST(KickApproach, AimedBallAtTheGoalCornerRunsUpAlongTheDiagonal) {
+    // Ball at (12, 3), goal centre (15, 0): the run-up starts 0.6 m behind the ball on the
+    // diagonal, 0.055 m to its right.
+    const KickApproach::Target t =
+        KickApproach::target({8, 8}, {12, 3}, {15, 0}, KickApproach::Parameters{});
+    const float r = 1.0F / std::sqrt(2.0F);
+    EXPECT_EQ(t.phase, Phase::Behind);
+    EXPECT_NEAR(t.point.getX(), 12 - 0.6F * r - 0.055F * r, 1e-4F);
+    EXPECT_NEAR(t.point.getY(), 3 + 0.6F * r - 0.055F * r, 1e-4F);
+}
+
+TEST(KickApproach, SwitchFiresCloseBehindTheBallFacingTheKick) {
+    const KickApproach::Switch limits;  // 0.35 m, 30 degrees, 45 degrees
+    struct Case {
+        const char* what;
+        Point ball;
+        float heading, direction;
+        bool kick;
+    };
+    const Case cases[] = {
+        {"ball at the left foot", {0.2F, 0.05F}, 0, 0, true},
+        {"too far", {0.4F, 0}, 0, 0, false},
+        {"behind the robot", {-0.2F, 0}, 0, 0, false},
+        {"beside it", {0.1F, 0.1F}, 0, 0, false},
+        {"facing off the kick", {0.2F, 0}, 60, 0, false},
+        {"kicking towards -x", {-0.2F, -0.05F}, 180, 180, true},
+        {"kicking up a diagonal", {0.17F, 0.1F}, 20, 30, true},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(KickApproach::isKickPosition({0, 0}, c.heading, c.ball, c.direction, limits),
+                  c.kick)
+            << c.what;
+    }
+}
+
+TEST(DefenderAndKeeperPlaces, OnTheirLinesBetweenBallAndGoal) {
+    struct Case {
+        const char* what;
+        Point ball, ownGoal;
+        float lineX, maxY;
+        Point place;
+    };
+    const Case cases[] = {
+        {"ball on the centre spot", {0, 0}, {-15, 0}, -9, 9, {-9, 0}},
+        {"ball far up the field", {5, 10}, {-15, 0}, -9, 9, {-9, 3}},
+        {"ball between line and goal", {-12, 4}, {-15, 0}, -9, 9, {-9, 4}},
+        {"kept off the touch line", {5, 10}, {-15, 0}, -9, 2, {-9, 2}},
+        {"right team", {-5, -10}, {15, 0}, 9, 9, {9, -3}},
+    };
+    for (const Case& c : cases) {
+        const Point p = DefencePlan::guardPoint(c.ball, c.ownGoal, c.lineX, c.maxY);
+        EXPECT_NEAR(p.getX(), c.place.getX(), 1e-4F) << c.what;
+        EXPECT_NEAR(p.getY(), c.place.getY(), 1e-4F) << c.what;
+    }
+    // The keeper follows the ball's y within the goal's width, 0.2 m inside the posts.
+    EXPECT_FLOAT_EQ(GoalKeeperPlan::keeperY(0.3F, 2.1F, 0.2F), 0.3F);
+    EXPECT_FLOAT_EQ(GoalKeeperPlan::keeperY(5.0F, 2.1F, 0.2F), 0.85F);
+    EXPECT_FLOAT_EQ(GoalKeeperPlan::keeperY(-5.0F, 2.1F, 0.2F), -0.85F);
+}
+
+// The plans with their parameter groups, as the shipped data has them.
+class PlayToWinPlanTest : public plantest::PlanFixture {
+protected:
+    void SetUp() override {
+        PlanFixture::SetUp();
+        add("OffenseParameters",
+            "[Attack]\nTarget = goal\nApproachDistance = 0.6\nClearance = 0.7\n"
+            "LineTolerance = 0.25\nFootOffset = 0.055\n");
+        add("DefenceParameters",
+            "[Initialize]\nBeam = -9 1.5 0\n[Defend]\nFieldMargin = 1\nOffLine = 1\n"
+            "ClearDistance = 2\nApproachDistance = 0.6\nClearance = 0.7\nLineTolerance = 0.25\n"
+            "FootOffset = 0.055\n[Kick]\nMaxBallDistance = 0.35\nMaxBallBearing = 30\n"
+            "MaxHeadingError = 45\n");
+        add("GoalKeeperParameters",
+            "[Initialize]\nBeam = -14 0 0\n[Keep]\nPostMargin = 0.2\nOffLine = 0.7\n");
+    }
+    void TearDown() override {
+        // The next test registers its configuration afresh, without these groups.
+        Config::resetState();
+    }
+
+    void add(const std::string& name, const std::string& text) {
+        const std::string path = dir.path() + "/" + name + ".conf";
+        std::ofstream(path) << text;
+        Config().add(name, path);
+    }
+
+    support::ScratchDirectory dir;
+};
+
+TEST_F(PlayToWinPlanTest, AttackerWalksToTheApproachTargetAndKicksAtTheGoal) {
+    struct Case {
+        const char* what;
+        int side;
+        float x, y, heading, ballX, ballY;
+        Point target;  // the walking target (checked when not kicking)
+        bool kick;
+    };
+    const Case cases[] = {
+        {"behind the ball, off the line", 1, -3, 2, 0, 0, 0, {-0.6F, -0.055F}, false},
+        {"in front of the ball", 1, 2, 0.2F, 180, 0, 0, {0, 0.7F}, false},
+        {"at the ball facing the goal", 1, -0.2F, -0.05F, 0, 0, 0, {}, true},
+        {"right team, behind the ball", 2, 3, -2, 180, 0, 0, {0.6F, 0.055F}, false},
+        {"right team, at the ball", 2, 0.2F, 0.05F, 180, 0, 0, {}, true},
+    };
+    for (const Case& c : cases) {
+        OffensePlan::resetState();
+        motiontest::resetSkillState();
+        scene.side = c.side;
+        scene.x = c.x;
+        scene.y = c.y;
+        scene.heading = c.heading;
+        scene.ballX = c.ballX;
+        scene.ballY = c.ballY;
+        cycle<OffensePlan>("Offense");  // the opening style step
+        cycle<OffensePlan>("Offense");
+        if (c.kick) {
+            EXPECT_EQ(OffensePlan::name, "kick") << c.what;
+            continue;
+        }
+        EXPECT_EQ(OffensePlan::name, "dash") << c.what;
+        EXPECT_NEAR(OffensePlan::mPoint.getX(), c.target.getX(), 0.05F) << c.what;
+        EXPECT_NEAR(OffensePlan::mPoint.getY(), c.target.getY(), 0.05F) << c.what;
+    }
+}
+
+TEST_F(PlayToWinPlanTest, DefenderSideStepsOnItsLineWalksBackAndClears) {
+    struct Case {
+        const char* what;
+        int side;
+        float x, y, heading, ballX, ballY;
+        const char* name;
+        const char* skill;  // the walking or side-stepping skill started
+    };
+    const Case cases[] = {
+        {"on its line, ball to its left", 1, -9, 0, 0, 5, 10, "sideWalk", "LeftSideWalk"},
+        {"on its line, ball to its right", 1, -9, 0, 0, 5, -10, "sideWalk", "RightSideWalk"},
+        {"right team, ball to its right", 2, 9, 0, 180, -5, 10, "sideWalk", "RightSideWalk"},
+        {"off its line", 1, -4, 0, 0, 5, 0, "walk", "Walk"},
+        {"ball close in the own half", 1, -9, 0, 0, -8, 1, "clear", "Walk"},
+        {"ball close, opponents' half", 2, -9, 0, 0, -8, 1, "walk", "Walk"},
+    };
+    for (const Case& c : cases) {
+        DefencePlan::resetState();
+        motiontest::resetSkillState();
+        scene.side = c.side;
+        scene.x = c.x;
+        scene.y = c.y;
+        scene.heading = c.heading;
+        scene.ballX = c.ballX;
+        scene.ballY = c.ballY;
+        cycle<DefencePlan>("Defence");
+        EXPECT_EQ(DefencePlan::name, c.name) << c.what;
+        const std::string skill = DefencePlan::name == "sideWalk"
+                                      ? BasicSideWalk::getConfigSkill().getCurrentSkillName()
+                                      : BasicDash::getConfigSkill().getCurrentSkillName();
+        EXPECT_EQ(skill, c.skill) << c.what;
+    }
+}
+
+TEST_F(PlayToWinPlanTest, KeeperDivesOnlyForABallNearItsOwnGoal) {
+    struct Case {
+        const char* what;
+        int side;
+        float x, heading, ballX, ballY;
+        const char* name;
+        const char* dive;
+    };
+    const Case cases[] = {
+        {"left team, ball near its goal", 1, -14, 0, -12, 0.4F, "div", "RightDiv"},
+        {"right team, ball near its goal", 2, 14, 180, 12, -0.4F, "div", "RightDiv"},
+        {"right team, ball mirrored", 2, 14, 180, 12, 0.4F, "div", "LeftDiv"},
+        {"right team, ball in the other half", 2, 14, 180, -12, 0.4F, "sideWalk", ""},
+    };
+    for (const Case& c : cases) {
+        GoalKeeperPlan::resetState();
+        motiontest::resetSkillState();
+        scene.side = c.side;
+        scene.x = c.x;
+        scene.y = 0;
+        scene.heading = c.heading;
+        scene.ballX = c.ballX;
+        scene.ballY = c.ballY;
+        cycle<GoalKeeperPlan>("Goalie");
+        EXPECT_EQ(GoalKeeperPlan::name, c.name) << c.what;
+        EXPECT_EQ(GoalKeeperPlan::diveSide, c.dive) << c.what;
+    }
+}
+
+TEST_F(PlayToWinPlanTest, KeeperFollowsTheBallOnItsLineAndWalksBack) {
+    struct Case {
+        const char* what;
+        int side;
+        float x, y, heading, ballX, ballY;
+        bool walking;
+        const char* skill;
+    };
+    const Case cases[] = {
+        {"on its line, ball up the field left", 1, -14, 0, 0, 0, 6, false, "LeftSideWalk"},
+        {"beyond the post's place", 1, -14, 1.2F, 0, 0, 6, false, "RightSideWalk"},
+        {"right team, ball to its left", 2, 14, 0, 180, 0, -6, false, "LeftSideWalk"},
+        {"wandered off", 1, -10, 3, 0, 0, 0, true, "Walk"},
+    };
+    // (The ball stays more than 10 m from the goal: no dive.)
+    for (const Case& c : cases) {
+        GoalKeeperPlan::resetState();
+        motiontest::resetSkillState();
+        scene.side = c.side;
+        scene.x = c.x;
+        scene.y = c.y;
+        scene.heading = c.heading;
+        scene.ballX = c.ballX;
+        scene.ballY = c.ballY;
+        cycle<GoalKeeperPlan>("Goalie");
+        EXPECT_EQ(GoalKeeperPlan::name, "sideWalk") << c.what;
+        EXPECT_EQ(GoalKeeperPlan::walking, c.walking) << c.what;
+        const std::string skill = c.walking ? BasicDash::getConfigSkill().getCurrentSkillName()
+                                            : BasicSideWalk::getConfigSkill().getCurrentSkillName();
+        EXPECT_EQ(skill, c.skill) << c.what;
+    }
+}
+
+}  // namespace
