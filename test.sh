@@ -12,3 +12,4 @@ ctest --test-dir build-asan --output-on-failure -j"$jobs"
 build-asan/korvel-check Data
 # Arbitrary bytes into the message parser and the world model for a bounded time (clang build).
 fuzz/run.sh
+scripts/test-ratio.sh
