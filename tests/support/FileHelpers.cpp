@@ -13,6 +13,15 @@ std::string readFile(const std::string& path) {
     return text.str();
 }
 
+std::vector<std::string> readLines(const std::string& path) {
+    std::ifstream in(path);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
 ScopedChdir::ScopedChdir(const std::string& directory)
     : previous(std::filesystem::current_path().string()) {
     std::filesystem::current_path(directory);

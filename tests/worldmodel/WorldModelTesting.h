@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "support/FileHelpers.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogStream.h"
 #include "utilities/logging/Logger.h"
@@ -14,19 +14,8 @@
 #include "worldmodel/Share.h"
 #include "worldmodel/WorldModel.h"
 
-// The lines of a recording in tests/data, one server message per line.
-inline std::vector<std::string> readMessages(const std::string& name) {
-    std::ifstream in(std::string(KORVEL_TEST_DATA_DIR) + "/" + name);
-    std::vector<std::string> lines;
-    std::string line;
-    while (std::getline(in, line)) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 inline const std::vector<std::string>& sampleMessages() {
-    static const std::vector<std::string> lines = readMessages("server-messages-sample.txt");
+    static const std::vector<std::string> lines = support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/server-messages-sample.txt");
     return lines;
 }
 
