@@ -123,19 +123,6 @@ TEST_F(AgentModelTest, FallenRobotLooksStraightAheadButTheSweepStillTurns) {
     EXPECT_EQ(agent.headDecision(&world), 0.0F);
 }
 
-TEST_F(AgentModelTest, RolesWithoutAPlanGiveNoCommand) {
-    AgentModel agent;
-    WorldModel world;
-    EXPECT_EQ(agent.planAct(0, &world), nullptr);
-    EXPECT_EQ(agent.planAct(4, &world), nullptr);
-    EXPECT_EQ(agent.planAct(-1, &world), nullptr);
-}
-
-TEST_F(AgentModelTest, AsksForInterruptKillQuitFaultAndTerminate) {
-    AgentModel agent;
-    EXPECT_EQ(agent.signalsMask(), 122);
-}
-
 // A "Main" stream without stamps in a temporary file, so lines can be compared byte for byte.
 class AgentSignalDeathTest : public AgentModelTest {
 protected:
@@ -172,19 +159,6 @@ TEST_F(AgentSignalDeathTest, TerminationSignalsLogTheirLineAndExitWithStatusOne)
         },
         ::testing::ExitedWithCode(1), "");
     EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Killed!\n");
-}
-
-TEST_F(AgentSignalDeathTest, AMemoryFaultLogsAndExitsWithStatusFive) {
-    EXPECT_EXIT(
-        {
-            openMain();
-            AgentModel agent;
-            agent.initialize();
-            void* page = mmap(nullptr, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-            *static_cast<volatile int*>(page) = 1;
-        },
-        ::testing::ExitedWithCode(5), "");
-    EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Segmentation Violation!\n");
 }
 
 TEST_F(AgentSignalDeathTest, AlarmLogsTwoLinesAndKeepsRunning) {

@@ -59,18 +59,4 @@ TEST_F(DashToBallTest, BallLevelWithTheRobotRunsNoDash) {
     EXPECT_FALSE(DashNormalGotoPoint::isFirstFinished());
 }
 
-TEST_F(DashToBallTest, SuccessComesFromTheLastInnerDash) {
-    // Ball behind, 0.2 m away: the inner dash stops, and succeeds once "Stop" has ended.
-    scene.ballX = -0.2F;
-    bool succeeded = false;
-    for (int i = 0; i < 6 && !succeeded; ++i) {
-        perceive();
-        DashNormalGotoBall dash(wm, false);
-        take(dash.getCommand());
-        succeeded = dash.isFinished();
-        EXPECT_EQ(dash.getSuccessRate() == 100.0F, succeeded);
-    }
-    EXPECT_TRUE(succeeded);
-}
-
 }  // namespace

@@ -71,13 +71,4 @@ TEST_F(KickTest, ResettingOnlyTheNameOfAFinishedPlayerPlaysStop) {
     EXPECT_EQ(c.marker, marker("Stop", 0));
 }
 
-TEST_F(KickTest, DroppedCommandAdvancesTheSameState) {
-    resetKickPlayer();
-    perceive();
-    BasicKick dropped(wm, true);
-    EXPECT_EQ(dropped.getCommand(), nullptr);
-    EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "LeftKick");
-    EXPECT_FALSE(dropped.isCurrentSkillFinished());
-}
-
 }  // namespace

@@ -40,13 +40,6 @@ TEST_F(StandUpTest, SideComesFromTheLeftFootContactPoint) {
     EXPECT_EQ(standUp(true, false).skill, "FrontStandUp");
 }
 
-TEST_F(StandUpTest, StartAlwaysBeginsAtTheFirstStep) {
-    standUp(true);
-    standUp(false);
-    EXPECT_EQ(lastMarker, marker("FrontStandUp", 1));
-    EXPECT_EQ(standUp(true, false).marker, marker("FrontStandUp", 0));
-}
-
 TEST_F(StandUpTest, MotionThenStopThenSuccess) {
     standUp(true);
     EXPECT_EQ(standUp(false).marker, marker("FrontStandUp", 1));
@@ -60,13 +53,6 @@ TEST_F(StandUpTest, MotionThenStopThenSuccess) {
     c = standUp(false);
     EXPECT_TRUE(c.finished);
     EXPECT_EQ(c.skill, "Stop");
-}
-
-TEST_F(StandUpTest, DroppedCommandAdvancesTheSameState) {
-    perceive();
-    BasicStandUp dropped(wm, true, true);
-    EXPECT_EQ(dropped.getCommand(), nullptr);
-    EXPECT_EQ(BasicStandUp::getConfigSkill().getCurrentSkillName(), "FrontStandUp");
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include "skills/turn/BasicTurn.h"
 #include "skills/turn/TurnAngle.h"
-#include "skills/turn/TurnToAngle.h"
 #include "support/MotionFixture.h"
 
 namespace {
@@ -55,21 +54,31 @@ protected:
     }
 };
 
-TEST_F(TurnAngleTest, StepSizesFollowTheRemainingAngle) {
-    EXPECT_EQ(TurnAngle::stepSizeFor(57.0F), 40.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(40.0F), 40.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(39.9F), 30.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(30.0F), 30.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(29.0F), 25.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(25.0F), 25.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(24.9F), 15.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(15.0F), 15.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(14.9F), 10.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(10.0F), 10.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(9.9F), 5.0F);
-    EXPECT_EQ(TurnAngle::stepSizeFor(0.0F), 5.0F);
-    EXPECT_EQ(TurnAngle::stepSkillName(true, 40.0F), "TurnLeft40");
-    EXPECT_EQ(TurnAngle::stepSkillName(false, 5.0F), "TurnRight5");
+struct TurnCase {
+    float angle;  // degrees
+    std::vector<std::string> steps;
+    float done;  // degrees
+};
+
+// Steps of 40, 30, 25, 15, 10 and 5 degrees, the largest that fits, until within 5.1 degrees.
+TEST_F(TurnAngleTest, TurnsInTheLargestStepsThatFit) {
+    const TurnCase cases[] = {
+        {57.0F, {"TurnRight40", "TurnRight15", "Stop"}, 55.0F},
+        {45.1F, {"TurnRight40", "Stop"}, 40.0F},
+        {45.2F, {"TurnRight40", "TurnRight5", "Stop"}, 45.0F},
+        {-69.0F, {"TurnLeft40", "TurnLeft25", "Stop"}, -65.0F},
+        {-75.0F, {"TurnLeft40", "TurnLeft30", "Stop"}, -70.0F},
+        {20.0F, {"TurnRight15", "Stop"}, 15.0F},
+        {14.0F, {"TurnRight10", "Stop"}, 10.0F},
+        {8.0F, {"TurnRight5", "Stop"}, 5.0F},
+        {0.0F, {"TurnRight5", "Stop"}, 5.0F},
+        {-3.0F, {"TurnLeft5", "Stop"}, -5.0F},
+    };
+    for (const TurnCase& c : cases) {
+        resetTurn();
+        EXPECT_EQ(turnToEnd(c.angle), c.steps) << c.angle;
+        EXPECT_EQ(BasicTurn::getDoAngle(), c.done) << c.angle;
+    }
 }
 
 TEST_F(TurnAngleTest, LeftFortyThenStopThenSuccess) {
@@ -103,43 +112,6 @@ TEST_F(TurnAngleTest, LeftFortyThenStopThenSuccess) {
     EXPECT_EQ(c.doAngle, -40.0F);
 }
 
-TEST_F(TurnAngleTest, FiftySevenTakesFortyThenFifteen) {
-    resetTurn();
-    const TurnCycle first = turn(57.0F);
-    EXPECT_EQ(first.skill, "TurnRight40");
-    EXPECT_EQ(first.doAngle, 40.0F);
-    turn(57.0F);
-    turn(57.0F);
-    const TurnCycle second = turn(57.0F);
-    EXPECT_EQ(second.skill, "TurnRight15");
-    EXPECT_EQ(second.marker, marker("TurnRight15", 0));
-    EXPECT_EQ(second.doAngle, 55.0F);
-    EXPECT_EQ(BasicTurn::getTurnAngle(), 15.0F);
-    const std::vector<std::string> rest = turnToEnd(57.0F);
-    EXPECT_EQ(rest, (std::vector<std::string>{"TurnRight15", "Stop"}));
-    EXPECT_EQ(BasicTurn::getDoAngle(), 55.0F);
-}
-
-TEST_F(TurnAngleTest, SmallAnglesTakeOneFiveDegreeStep) {
-    for (const float angle : {8.0F, 3.0F, 0.0F}) {
-        resetTurn();
-        EXPECT_EQ(turnToEnd(angle), (std::vector<std::string>{"TurnRight5", "Stop"}))
-            << "angle " << angle;
-        EXPECT_EQ(BasicTurn::getDoAngle(), 5.0F);
-    }
-    resetTurn();
-    EXPECT_EQ(turnToEnd(-3.0F), (std::vector<std::string>{"TurnLeft5", "Stop"}));
-    EXPECT_EQ(BasicTurn::getDoAngle(), -5.0F);
-}
-
-TEST_F(TurnAngleTest, CompletesWithinFivePointOneDegrees) {
-    resetTurn();
-    EXPECT_EQ(turnToEnd(45.1F), (std::vector<std::string>{"TurnRight40", "Stop"}));
-    resetTurn();
-    EXPECT_EQ(turnToEnd(45.2F), (std::vector<std::string>{"TurnRight40", "TurnRight5", "Stop"}));
-    EXPECT_EQ(BasicTurn::getDoAngle(), 45.0F);
-}
-
 TEST_F(TurnAngleTest, SameSizeAgainResumesAtTheLoopStep) {
     resetTurn();
     turn(80.0F);
@@ -150,38 +122,6 @@ TEST_F(TurnAngleTest, SameSizeAgainResumesAtTheLoopStep) {
     EXPECT_EQ(again.doAngle, 80.0F);
     EXPECT_EQ(again.marker, marker("TurnRight40", motiontest::loopStep("TurnRight40")));
     EXPECT_NE(again.marker, marker("TurnRight40", 0));
-}
-
-TEST_F(TurnAngleTest, AStepInProgressIsContinuedNotReplanned) {
-    resetTurn();
-    turn(-40.0F);
-    // The robot has not reached the key frame: the same step is played again.
-    const TurnCycle held = turn(-40.0F, false);
-    EXPECT_EQ(held.marker, marker("TurnLeft40", 0));
-    EXPECT_EQ(held.doAngle, -40.0F);
-}
-
-TEST_F(TurnAngleTest, DroppedCommandAdvancesTheSameState) {
-    resetTurn();
-    perceive();
-    TurnAngle dropped(-40.0F, wm, 0.0F, true);
-    EXPECT_EQ(dropped.getCommand(), nullptr);
-    EXPECT_EQ(BasicTurn::getDoAngle(), -40.0F);
-    EXPECT_EQ(BasicTurn::getConfigSkill().getCurrentSkillName(), "TurnLeft40");
-}
-
-TEST_F(TurnAngleTest, IdleTurnAndTurnToAngleChooseNothing) {
-    TurnAngle idle;
-    EXPECT_EQ(idle.getCommand(), nullptr);
-    EXPECT_FALSE(idle.isFinished());
-    EXPECT_EQ(idle.getDeltaAngle(), 0.0F);
-    EXPECT_FALSE(idle.isOneTurnPossible());
-    perceive();
-    TurnToAngle toAngle(30.0F, wm, 0.0F, false);
-    EXPECT_EQ(toAngle.getCommand(), nullptr);
-    EXPECT_TRUE(toAngle.isFinished());
-    EXPECT_EQ(BasicTurn::getConfigSkill().getCurrentSkillName(), "@");
-    EXPECT_EQ(BasicTurn::getDoAngle(), 0.0F);
 }
 
 }  // namespace
