@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 """Plants one-line faults in a scratch copy of the tree and reports which ones the tests catch.
 
-Each fault of scripts/mutants.txt is applied on its own to a copy of the working tree (tracked and
-new files, not ignored ones) under build-mutants/, built there with sanitizers (through ccache when
-CMAKE_CXX_COMPILER_LAUNCHER is set) and tested with ctest; a fault is "killed" when some test
-fails. Slow: one build and one test run per fault. Not part of CI.
+Each fault of scripts/mutants.txt is applied on its own to a copy of the tree (the working tree's
+tracked and new files, or a commit's with --rev) under build-mutants/, built there with sanitizers
+(through ccache when CMAKE_CXX_COMPILER_LAUNCHER is set) and tested; a fault is "killed" when some
+test fails. The tests of the fault's own layer (src/<layer>/ -> korvel_<layer>_tests) run first,
+alone; when they all pass, everything is built and the whole ctest suite runs (without the source
+format and layering checks). Slow: one build and one test run per fault. Not part of CI.
 
-usage: scripts/mutate.py [--faults FILE] [--work DIR] [--jobs N] [--only NAME ...]
+usage: scripts/mutate.py [--rev COMMIT] [--faults FILE] [--work DIR] [--jobs N] [--only NAME ...]
 """
 import argparse
 import os
@@ -60,12 +62,18 @@ def locate(tree, fault):
     return path, lines, hits[0]
 
 
-def copy_tree(work):
+def copy_tree(work, rev):
     tree = os.path.join(work, "tree")
-    listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=ROOT,
-                            check=True, capture_output=True).stdout.decode().split("\0")
     if os.path.isdir(tree):
         shutil.rmtree(tree)
+    if rev:
+        os.makedirs(tree)
+        archive = subprocess.run(["git", "archive", rev], cwd=ROOT, check=True,
+                                 capture_output=True).stdout
+        subprocess.run(["tar", "-x", "-C", tree], input=archive, check=True)
+        return tree
+    listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=ROOT,
+                            check=True, capture_output=True).stdout.decode().split("\0")
     for name in filter(None, listed):
         source = os.path.join(ROOT, name)
         if os.path.isfile(source):
@@ -74,9 +82,22 @@ def copy_tree(work):
     return tree
 
 
-def run(command, cwd, log):
+def run(command, cwd, log, env=None):
     with open(log, "w", encoding="utf-8") as out:
-        return subprocess.run(command, cwd=cwd, stdout=out, stderr=subprocess.STDOUT).returncode
+        try:
+            return subprocess.run(command, cwd=cwd, stdout=out, stderr=subprocess.STDOUT,
+                                  env=dict(os.environ, **(env or {})), timeout=1800).returncode
+        except subprocess.TimeoutExpired:
+            out.write("\ntimed out\n")
+            return 124
+
+
+def first_gtest_failure(log):
+    with open(log, encoding="utf-8", errors="replace") as text:
+        for line in text:
+            if line.startswith("[  FAILED  ] ") and "," not in line:
+                return line[13:].split(" (")[0].strip()
+    return "?"
 
 
 def first_failure(log):
@@ -90,6 +111,7 @@ def first_failure(log):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--rev", default=None, help="test this commit instead of the work tree")
     parser.add_argument("--faults", default=os.path.join(ROOT, "scripts", "mutants.txt"))
     parser.add_argument("--work", default=os.path.join(ROOT, "build-mutants"))
     parser.add_argument("--jobs", type=int, default=2)
@@ -100,7 +122,7 @@ def main():
     if args.only:
         faults = [f for f in faults if f.name in args.only]
     os.makedirs(args.work, exist_ok=True)
-    tree = copy_tree(args.work)
+    tree = copy_tree(args.work, args.rev)
     for fault in faults:  # every fault must apply before anything is built
         locate(tree, fault)
     build = os.path.join(args.work, "build")
@@ -122,8 +144,15 @@ def main():
         started = time.monotonic()
         with open(path, "w", encoding="utf-8") as text:
             text.writelines(lines)
+        layer = fault.file.split("/")[1] if fault.file.startswith("src/") else ""
+        program = os.path.join(build, "tests", f"korvel_{layer}_tests")
         try:
-            if run(make, tree, log):
+            if layer and os.path.exists(program) and not run(
+                    make[:-1] + ["--target", f"korvel_{layer}_tests", make[-1]], tree, log) and run(
+                        [program, "--gtest_brief=1"], os.path.join(build, "tests"), log,
+                        {"ASAN_OPTIONS": "detect_leaks=0"}):
+                result, by = "killed", first_gtest_failure(log)
+            elif run(make, tree, log):
                 result, by = "build error", ""
             elif run(ctest, tree, log):
                 result, by = "killed", first_failure(log)

@@ -71,58 +71,6 @@ TEST_F(AgentModelTest, HeadSweepsSevenDegreesACycleAndTurnsBackWhenThePanEntersA
     EXPECT_FLOAT_EQ(targets[49], -98.0F);
 }
 
-TEST_F(AgentModelTest, BandEdgesAreInclusive) {
-    for (float edge : {100.0F, 130.0F}) {
-        AgentModel::resetState();
-        AgentModel agent;
-        WorldModel world;
-        setPan(world, edge);
-        EXPECT_FLOAT_EQ(agent.headDecision(&world), 7.0F);
-        EXPECT_EQ(AgentModel::flag, 0) << "pan " << edge;
-        EXPECT_FLOAT_EQ(agent.headDecision(&world), 0.0F);
-    }
-    AgentModel::resetState();
-    AgentModel agent;
-    WorldModel world;
-    setPan(world, 99.9F);
-    agent.headDecision(&world);
-    EXPECT_EQ(AgentModel::flag, 1);
-    setPan(world, 130.1F);  // jumped across the band: no reversal
-    agent.headDecision(&world);
-    EXPECT_EQ(AgentModel::flag, 1);
-
-    AgentModel::flag = 0;
-    for (float edge : {-100.0F, -130.0F}) {
-        AgentModel::flag = 0;
-        setPan(world, edge);
-        agent.headDecision(&world);
-        EXPECT_EQ(AgentModel::flag, 1) << "pan " << edge;
-    }
-}
-
-TEST_F(AgentModelTest, FallenRobotLooksStraightAheadButTheSweepStillTurns) {
-    // The real session: the robot falls after its joints start flailing.
-    const std::vector<std::string> messages = support::ServerScript::readMessages(
-        std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
-    const std::string data = std::string(KORVEL_SOURCE_DIR) + "/Data/ConfigurationData/";
-    for (const char* name : {"ServerInitialize", "WorldModelParameters"}) {
-        config.add(name, data + name + ".conf");
-    }
-    WorldModel world;
-    size_t i = 0;
-    while (i < messages.size() && !world.isFallen()) {
-        world.update(messages[i++]);
-    }
-    ASSERT_TRUE(world.isFallen()) << "the recording never shows a fall";
-
-    AgentModel agent;
-    AgentModel::headValue = 42.0F;
-    setPan(world, 110.0F);
-    EXPECT_EQ(agent.headDecision(&world), 0.0F);
-    EXPECT_EQ(AgentModel::flag, 0);
-    EXPECT_EQ(agent.headDecision(&world), 0.0F);
-}
-
 // A "Main" stream without stamps in a temporary file, so lines can be compared byte for byte.
 class AgentSignalDeathTest : public AgentModelTest {
 protected:
@@ -159,14 +107,6 @@ TEST_F(AgentSignalDeathTest, TerminationSignalsLogTheirLineAndExitWithStatusOne)
         },
         ::testing::ExitedWithCode(1), "");
     EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Killed!\n");
-}
-
-TEST_F(AgentSignalDeathTest, AlarmLogsTwoLinesAndKeepsRunning) {
-    openMain();
-    AgentModel agent;
-    EXPECT_TRUE(agent.sigAlrmHandler());
-    Logger::resetState();  // closes the file
-    EXPECT_EQ(mainLog(), "This is very good.\nDECISON: SIGNAL: Alarm!\n");
 }
 
 }  // namespace

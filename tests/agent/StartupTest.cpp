@@ -3,18 +3,13 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <regex>
 #include <string>
-#include <vector>
 
-#include "support/CheckDiagnostic.h"
 #include "support/FileHelpers.h"
 #include "support/ScratchDirectory.h"
-#include "utilities/Basics.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Logger.h"
 
@@ -62,20 +57,10 @@ protected:
                         "\n[Connection]\nHostName = 127.0.0.1\nPort = 3100\n");
     }
 
-    static std::string loadLine(const std::string& name) {
-        return basics::statusLine(
-            " Loading Config_FileAdresses File: ./Data/ConfigurationData/" + name + ".conf", true);
-    }
-
     static std::string initializeQuietly() {
         testing::internal::CaptureStdout();
         ConfigInitializing();
         return testing::internal::GetCapturedStdout();
-    }
-
-    static bool discards(const std::string& name) {
-        const auto& streams = logger.getLogStreams().getStreams();
-        return streams.count(name) == 1 && streams.at(name)->getOut() == nullptr;
     }
 
     support::ScratchDirectory dir;
@@ -92,7 +77,6 @@ TEST_F(StartupTest, LoadsTheIndexedFilesInOrderWithAStatusLineEach) {
 
     const std::string out = initializeQuietly();
 
-    EXPECT_EQ(out, loadLine("Second") + loadLine("First"));
     EXPECT_EQ(out, " Loading Config_FileAdresses File: ./Data/ConfigurationData/Second.conf" +
                        std::string(29, ' ') +
                        "[\033[0;32m   OK   \033[0;39m]\n"
@@ -102,27 +86,6 @@ TEST_F(StartupTest, LoadsTheIndexedFilesInOrderWithAStatusLineEach) {
     EXPECT_EQ(config["Second"]["G"]["k"].asString(), "second");
     EXPECT_FALSE(config.exists("Third"));
     EXPECT_EQ(config["Config_FileAdresses"]["ConfigurationDataFileName"]["3"].asString(), "Third");
-}
-
-const char* const kReadFile = "virtual void ConfigFile::readFile(const std::string&)";
-
-TEST_F(StartupTest, MissingIndexStops) {
-    EXPECT_EXIT(
-        ConfigInitializing(), testing::ExitedWithCode(EXIT_FAILURE),
-        support::checkDiagnosticPattern(
-            "Config", kReadFile, "fin",
-            "file \"./Data/ConfigurationData/Config_FileAddresses.conf\" cannot be opened"));
-}
-
-TEST_F(StartupTest, MalformedListedFileStopsNamingFileAndLine) {
-    writeConfig("Config_FileAddresses",
-                "[DefultSet]\nConfigurationDataFileCount = 1\n"
-                "[ConfigurationDataFileName]\n1 = Broken\n");
-    writeConfig("Broken", "# fine\n[G]\nk = v\n[H\n");
-    EXPECT_EXIT(
-        initializeQuietly(), testing::ExitedWithCode(EXIT_FAILURE),
-        support::checkDiagnosticPattern("Config", kReadFile, "line[ve] == ']'",
-                                        "file \"./Data/ConfigurationData/Broken.conf\", line 4"));
 }
 
 TEST_F(StartupTest, MainIsStampedAndMainOffRecordsRawLines) {

@@ -88,8 +88,8 @@ TEST(VelocityLaw, FullSpeedFarAwayThenHalfTheErrorThenNothing) {
 
 TEST_F(CommandTest, WaitHoldsUntilItsTimeHasPassed) {
     Command command(&body);
-    const std::pair<float, bool> cases[] = {{10.0F, false}, {10.48F, false}, {10.5F, true},
-                                            {11.0F, true}};  // seconds, sent
+    const std::pair<float, bool> cases[] = {
+        {10.0F, false}, {10.48F, false}, {10.5F, true}, {11.0F, true}};  // seconds, sent
     for (const auto& [now, sent] : cases) {
         command.doWait(0.5F, now);
         EXPECT_EQ(command.isSendCommand(), sent) << now;
@@ -120,7 +120,9 @@ TEST(LegCorrections, FootParallelToTheGroundAndRaise) {
 TEST(Say, BallPositionInFourCharacters) {
     EXPECT_EQ(SayCommand::encode(3.47F, 12.05F), "5a>7");
     EXPECT_EQ(SayCommand::encode(0, 0), "2222");
-    EXPECT_EQ(SayCommand::encode(205.99F, 0.5F), "\xff\x95" "2d");
+    EXPECT_EQ(SayCommand::encode(205.99F, 0.5F),
+              "\xff\x95"
+              "2d");
     const auto [x, y] = SayCommand::decode("5a>7");
     EXPECT_FLOAT_EQ(x, 3.47F);
     EXPECT_FLOAT_EQ(y, 12.05F);

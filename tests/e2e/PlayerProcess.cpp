@@ -12,6 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <thread>
+#include "support/FileHelpers.h"
 
 namespace fs = std::filesystem;
 
@@ -137,17 +138,7 @@ std::string PlayerProcess::standardError() const {
 }
 
 std::vector<std::string> PlayerProcess::logLines(const std::string& name) const {
-    return fileLines(dir + "/LogFiles/" + name);
-}
-
-std::vector<std::string> fileLines(const std::string& path) {
-    std::vector<std::string> lines;
-    std::ifstream in(path);
-    std::string line;
-    while (std::getline(in, line)) {
-        lines.push_back(line);
-    }
-    return lines;
+    return support::readLines(dir + "/LogFiles/" + name);
 }
 
 std::vector<std::string> linesFrom(const std::vector<std::string>& lines,

@@ -49,5 +49,3 @@ private:
 // The lines of `text` that contain `marker`, from the marker on.
 std::vector<std::string> linesFrom(const std::vector<std::string>& lines,
                                    const std::string& marker);
-// The lines of a file.
-std::vector<std::string> fileLines(const std::string& path);

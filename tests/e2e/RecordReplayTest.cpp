@@ -73,11 +73,11 @@ TEST_F(RecordReplayTest, OnlineGameReplaysOfflineToTheSameEffectorTexts) {
     sentOnline.assign(frames.begin() + 13, frames.end());
     ASSERT_EQ(sentOnline.size(), kMessages - 26) << "one answer per message after kick-off";
     const std::vector<std::string> loggedOnline =
-        effectorTexts(fileLines((dir.path() + "/" + "LogFiles/Korvel-1.log")));
+        effectorTexts(support::readLines((dir.path() + "/" + "LogFiles/Korvel-1.log")));
     EXPECT_EQ(loggedOnline, sentOnline);
 
     // The recording holds every message the world model saw: all but the ten answered by beams.
-    const std::vector<std::string> recorded = fileLines(recordingPath());
+    const std::vector<std::string> recorded = support::readLines(recordingPath());
     ASSERT_EQ(recorded.size(), kMessages - 10);
     EXPECT_EQ(recorded[0], messages[0]);
     EXPECT_EQ(recorded[3], messages[13]);
@@ -88,7 +88,7 @@ TEST_F(RecordReplayTest, OnlineGameReplaysOfflineToTheSameEffectorTexts) {
     PlayerProcess replay(dir.path(), {"--number", "3", "--offline"});
     ASSERT_EQ(replay.wait(60000), 0) << replay.standardError();
     const std::vector<std::string> replayLog =
-        fileLines((dir.path() + "/" + "LogFiles/Korvel-1.log"));
+        support::readLines((dir.path() + "/" + "LogFiles/Korvel-1.log"));
     EXPECT_EQ(count(replayLog, "last pos 5 : "), recorded.size()) << "one turn per line";
     const std::vector<std::string> replayed = effectorTexts(replayLog);
     ASSERT_EQ(replayed.size(), sentOnline.size());
@@ -96,7 +96,7 @@ TEST_F(RecordReplayTest, OnlineGameReplaysOfflineToTheSameEffectorTexts) {
         ASSERT_EQ(replayed[i], sentOnline[i]) << "acting turn " << i;
     }
     // A replay never records itself: the recording is unchanged.
-    EXPECT_EQ(fileLines(recordingPath()), recorded);
+    EXPECT_EQ(support::readLines(recordingPath()), recorded);
 }
 
 TEST_F(RecordReplayTest, OfflineLoopStopsAtTheFirstEmptyLineAndSendsNothing) {

@@ -1,5 +1,7 @@
 #include "SessionScript.h"
 
+#include "support/FileHelpers.h"
+
 using support::Millis;
 using support::ScriptedServer;
 using support::ServerScript;
@@ -8,7 +10,7 @@ using Kind = ScriptedServer::EventKind;
 namespace session {
 
 std::vector<std::string> realSession() {
-    return ServerScript::readMessages(std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
+    return support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
 }
 
 void addHandshake(ServerScript& script, const std::vector<std::string>& messages) {

@@ -17,8 +17,8 @@ TEST(GeometryTest, NormalizeAngleStepsByTwoPiIntoMinusPiToPi) {
     const float belowPi = std::nextafter(abovePi, 0.0F);
     const std::pair<float, float> cases[] = {
         {4.0F, static_cast<float>(4.0 - kTwoPi)},
-        {-10.0F, static_cast<float>(static_cast<double>(static_cast<float>(-10.0 + kTwoPi)) +
-                                    kTwoPi)},
+        {-10.0F,
+         static_cast<float>(static_cast<double>(static_cast<float>(-10.0 + kTwoPi)) + kTwoPi)},
         {1.0F, 1.0F},
         {0.0F, 0.0F},
         {abovePi, static_cast<float>(static_cast<double>(abovePi) - kTwoPi)},
@@ -38,9 +38,9 @@ TEST(GeometryTest, NormalizeAngleStepsByTwoPiIntoMinusPiToPi) {
 
 TEST(GeometryTest, AbsoluteAngleIsInMinus180To180Degrees) {
     const std::pair<float, float> cases[] = {
-        {180.0F, -180.0F}, {-180.0F, -180.0F}, {540.0F, -180.0F}, {190.0F, -170.0F},
-        {400.0F, 40.0F},   {-10.0F, -10.0F},   {179.5F, 179.5F},  {-725.0F, -5.0F},
-        {363690.0F, 90.0F},
+        {180.0F, -180.0F}, {-180.0F, -180.0F}, {540.0F, -180.0F},
+        {190.0F, -170.0F}, {400.0F, 40.0F},    {-10.0F, -10.0F},
+        {179.5F, 179.5F},  {-725.0F, -5.0F},   {363690.0F, 90.0F},
     };
     for (const auto& [degrees, absolute] : cases) {
         EXPECT_EQ(math::absoluteAngle(degrees), absolute) << degrees;

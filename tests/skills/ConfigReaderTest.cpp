@@ -94,29 +94,6 @@ TEST_F(ConfigReaderTest, ReadsEveryLimbIntoItsJoints) {
     }
 }
 
-TEST_F(ConfigReaderTest, LimbStartingWith9999IsLeftOut) {
-    const auto frames = framesOf({step({
-        {"Leg::Left", "9999"},
-        {"Leg::Right", "1 2 3 4 5 6"},
-        {"Arm::Left", "7 7 7 7"},
-        {"Arm::PLeft", "9999 1 1 1"},
-        {"Head::Instance", "9999 12"},
-        {"Head::PInstance", "4"},
-    })});
-    ASSERT_EQ(frames.size(), 1U);
-    Command& frame = *frames[0];
-    for (unsigned int j = 0; j < 6; ++j) {
-        expectJoint(frame.getLeftLegCommand().getHingeJointCommand(j), 0, 0, 0);
-        expectJoint(frame.getRightLegCommand().getHingeJointCommand(j), static_cast<float>(j + 1),
-                    1, 0.1F);
-    }
-    for (unsigned int j = 0; j < 4; ++j) {
-        expectJoint(frame.getLeftArmCommand().getHingeJointCommand(j), 0, 0, 0);
-        expectJoint(frame.getRightArmCommand().getHingeJointCommand(j), 0, 1, 0.1F);
-    }
-    expectJoint(frame.getHeadCommand().getHingeJointCommand(1), 0, 0, 0);
-}
-
 // A bad skill file stops the reader with one diagnostic line naming the file, group, key and what
 // is wrong.
 TEST_F(ConfigReaderTest, BadSkillFilesStopNamingTheFileGroupAndKey) {
@@ -125,13 +102,15 @@ TEST_F(ConfigReaderTest, BadSkillFilesStopNamingTheFileGroupAndKey) {
     std::string noLoop = skilltest::skillText({step({})}, 1);
     noLoop.erase(noLoop.find("LoopStepNumber"), std::string("LoopStepNumber = 1\n").size());
     const std::pair<std::string, std::string> cases[] = {
-        {"", "file \"./Data/SkillData/S.conf\": skill \"S\" is listed in the index but its file "
-             "cannot be read"},
+        {"",
+         "file \"./Data/SkillData/S.conf\": skill \"S\" is listed in the index but its file "
+         "cannot be read"},
         {gap, "file \"./Data/SkillData/S.conf\", group \"Step2\": is missing"},
         {skilltest::skillText({step({}), step({{"Arm::PLeft", ""}})}, 1),
          "file \"./Data/SkillData/S.conf\", group \"Step2\", key \"Arm::PLeft\": is missing"},
-        {noLoop, "file \"./Data/SkillData/S.conf\", group \"DefaultSet\", key "
-                 "\"LoopStepNumber\": is missing"},
+        {noLoop,
+         "file \"./Data/SkillData/S.conf\", group \"DefaultSet\", key "
+         "\"LoopStepNumber\": is missing"},
         {skilltest::skillText({step({}), step({})}, 3),
          "file \"./Data/SkillData/S.conf\", group \"DefaultSet\", key \"LoopStepNumber\": must "
          "name a step from 1 to 2"},

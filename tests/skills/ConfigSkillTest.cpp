@@ -150,8 +150,9 @@ TEST_F(ConfigSkillTest, TwoStepSkillPlaysFrameByFrameAndLoops) {
 
 TEST_F(ConfigSkillTest, AFinishedSkillStartsAgainAtItsLoopStep) {
     for (const unsigned int loopStep : {1U, 2U, 3U}) {
-        tree.addSkill("Loop" + std::to_string(loopStep),
-                      skilltest::skillText({step({}), step({}), step({})}, static_cast<int>(loopStep)));
+        tree.addSkill(
+            "Loop" + std::to_string(loopStep),
+            skilltest::skillText({step({}), step({}), step({})}, static_cast<int>(loopStep)));
     }
     load();
     for (const unsigned int loopStep : {1U, 2U, 3U}) {
@@ -191,31 +192,6 @@ TEST_F(ConfigSkillTest, KeyFrameIsReachedWithinItsPrecision) {
         setAngle(body().getLeftLeg(), 2, angle);
         play(name);
         EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U) << name << " at " << angle;
-    }
-}
-
-TEST_F(ConfigSkillTest, NothingToPlayGivesAHeldCommandAndKeepsTheStep) {
-    addTwoStepSkill(tree);
-    load();
-    ConfigSkill::setCurrentConfigStepNumber(1);
-    Command* command = play("Nope");
-    ASSERT_NE(command, nullptr);
-    EXPECT_FALSE(command->isSendCommand());
-    EXPECT_EQ(command->toString(), kHeldText);
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
-    EXPECT_EQ(player.getConfigCommandSkillSize(), 0U);
-    EXPECT_FALSE(player.isFinished());
-
-    // A step index left over from a longer skill.
-    ConfigSkill::setCurrentConfigStepNumber(5);
-    command = play("Two");
-    EXPECT_EQ(command->toString(), kHeldText);
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 5U);
-    EXPECT_EQ(player.getConfigLoopStepNumber(), 0U);
-    // The held command is the player's own: the key frames are untouched.
-    ConfigReader::Database database = ConfigReader::instance()->getConfigSkillCommandDataBase();
-    for (Command* frame : database["Two"]) {
-        EXPECT_TRUE(frame->isSendCommand());
     }
 }
 

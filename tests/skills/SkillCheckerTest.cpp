@@ -18,11 +18,6 @@ protected:
     skilltest::DataTree tree;
 };
 
-TEST_F(SkillCheckerTest, ShippedDataTreePasses) {
-    const SkillChecker::Report report = SkillChecker::check(KORVEL_SOURCE_DIR "/Data");
-    EXPECT_EQ(report.errorCount(), 0U) << SkillChecker::format(report);
-}
-
 TEST_F(SkillCheckerTest, CatchesAPlantedOutOfRangeTarget) {
     tree.addSkill("Good", skilltest::skillText({step({})}, 1));
     tree.addSkill("Bad",
@@ -87,20 +82,6 @@ TEST_F(SkillCheckerTest, ReportsFilesAndGroupsThatDoNotLoad) {
                                            "\", group \"Step1\", key \"Arm::Right\": 4 words "
                                            "needed, 3 given");
     EXPECT_EQ(report.errorCount(), 3U);
-}
-
-TEST_F(SkillCheckerTest, ReportsIndexEntriesThatAreMissing) {
-    skilltest::writeWholeFile(
-        tree.dataDirectory() + "/ConfigurationData/Config_FileAddresses.conf",
-        "[DefultSet]\nSkillDataFileCount = 2\n[SkillDataFileName]\n2 = Two\n");
-    skilltest::writeWholeFile(tree.skillPath("Two"), skilltest::skillText({step({})}, 1));
-    const SkillChecker::Report report = check();
-    ASSERT_EQ(report.findings.size(), 1U) << SkillChecker::format(report);
-    EXPECT_EQ(report.skillsChecked, 1U);
-    EXPECT_EQ(report.findings[0].text,
-              "file \"" + tree.dataDirectory() +
-                  "/ConfigurationData/Config_FileAddresses.conf\", group \"SkillDataFileName\", "
-                  "key \"1\" is missing");
 }
 
 }  // namespace

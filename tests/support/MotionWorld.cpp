@@ -182,11 +182,6 @@ float markerOf(const Command& command) {
     return command.getLeftArmCommand().getHingeJointCommand(0).getJointTargetAlphaValue();
 }
 
-void setServerVersion(const std::string& version) {
-    registerConfig("ServerInitialize", "server-version.conf",
-                   "[Server]\nVersion = " + version + "\n");
-}
-
 float marker(const std::string& skill, unsigned int step) {
     return find(skill).base + static_cast<float>(step + 1);
 }

@@ -20,9 +20,6 @@ void installSkillData();
 // and the shared wait clock of the commands.
 void resetSkillState();
 
-// Sets the server version the walking skill reads ("ServerInitialize" / "Server" / "Version").
-void setServerVersion(const std::string& version);
-
 // The marker angle (degrees) of step `step` (from 0) of the test skill `skill`.
 float marker(const std::string& skill, unsigned int step);
 // Number of steps and loop step (from 0) of the test skill `skill`.

@@ -92,28 +92,6 @@ ServerScript& ServerScript::acceptTimeout(Millis timeout) {
     return *this;
 }
 
-ServerScript ServerScript::lockStep(const std::vector<std::string>& messages, Millis replyTimeout) {
-    ServerScript script;
-    for (const std::string& message : messages) {
-        script.sendFrame(message).expectFrame(replyTimeout);
-    }
-    return script;
-}
-
-std::vector<std::string> ServerScript::readMessages(const std::string& path) {
-    std::vector<std::string> messages;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        ADD_FAILURE() << "cannot read the message file " << path;
-        return messages;
-    }
-    std::string line;
-    while (std::getline(in, line)) {
-        messages.push_back(line);
-    }
-    return messages;
-}
-
 // ---------------------------------------------------------------------------------------------
 // ScriptedServer
 
@@ -209,20 +187,6 @@ const char* ScriptedServer::kindName(EventKind kind) {
             return "Reset";
     }
     return "?";
-}
-
-std::string ScriptedServer::describeEvents() const {
-    constexpr size_t kShown = 80;
-    std::ostringstream out;
-    for (const Event& event : events()) {
-        out << kindName(event.kind);
-        if (!event.data.empty()) {
-            out << ' ' << event.data.size() << " bytes: " << event.data.substr(0, kShown)
-                << (event.data.size() > kShown ? "..." : "");
-        }
-        out << '\n';
-    }
-    return out.str();
 }
 
 bool ScriptedServer::stopping() const {

@@ -45,13 +45,6 @@ public:
     // How long to wait for the client to connect (default 5 s).
     ServerScript& acceptTimeout(Millis timeout);
 
-    // Lock-step play of recorded messages: each message is sent framed, then the server waits
-    // for one reply frame or replyTimeout, whichever comes first, and goes on with the next.
-    static ServerScript lockStep(const std::vector<std::string>& messages, Millis replyTimeout);
-    // The messages of a fixture file, one per line (the line ends are not part of a message;
-    // a missing final line end is fine). Fails the calling test when the file cannot be read.
-    static std::vector<std::string> readMessages(const std::string& path);
-
     const std::vector<Action>& actions() const { return mActions; }
     Millis getAcceptTimeout() const { return mAcceptTimeout; }
 
@@ -108,9 +101,6 @@ public:
     std::vector<std::string> frames() const;
     std::string rawReceived() const;
     std::vector<Event> events() const;
-    // The events as text, one per line ("Sent 12 bytes: (time (now 0.02))"), for test messages.
-    std::string describeEvents() const;
-
     static const char* kindName(EventKind kind);
 
 private:

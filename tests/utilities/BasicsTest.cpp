@@ -39,8 +39,7 @@ TEST(BasicsTest, StatusLines) {
     testing::internal::CaptureStdout();
     basics::WarnLoadingTrue(loaded);
     basics::WarnLoadingFalse(walk);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              cases[0].line + cases[1].line);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), cases[0].line + cases[1].line);
 }
 
 TEST(BasicsTest, UniformNumbersAreBase36Digits) {

@@ -49,7 +49,8 @@ TEST_F(WorldModelBadInputTest, BadMessagesAreDroppedWholeWithTheReason) {
         {good.substr(0, good.size() / 2), "unbalanced parentheses: a list is not closed"},
         {good.substr(0, good.size() - 1), "unbalanced parentheses: a list is not closed"},
         {good + ")", "unbalanced parentheses: a \")\" closes nothing"},
-        {replaced(good, "(HJ (n hj2) (ax 0.00))", "(HJ (n hj2) (ax 0.00)))(x"), "unbalanced parentheses: a \")\" closes nothing"},
+        {replaced(good, "(HJ (n hj2) (ax 0.00))", "(HJ (n hj2) (ax 0.00)))(x"),
+         "unbalanced parentheses: a \")\" closes nothing"},
         {std::string(300, '(') + std::string(300, ')') + good, "lists nested too deep"},
         {replaced(good, "(time (now 6.38))", ""), "no \"time\""},
         {"", "no \"time\""},
@@ -61,7 +62,8 @@ TEST_F(WorldModelBadInputTest, BadMessagesAreDroppedWholeWithTheReason) {
         {replaced(good, "(pm BeforeKickOff)", "(pm)"), "\"pm\" needs 1 value"},
         {replaced(good, "(sl 0)", "(team)"), "\"team\" needs 1 value"},
         {replaced(good, "(rt 0.00 0.00 -0.09)", "(rt 0.00 0.00)"), "\"rt\" needs 3 values"},
-        {replaced(good, "(GYR (n torso) (rt 0.00 0.00 -0.09))", "(GYR (n torso))"), "\"GYR\" without \"rt\""},
+        {replaced(good, "(GYR (n torso) (rt 0.00 0.00 -0.09))", "(GYR (n torso))"),
+         "\"GYR\" without \"rt\""},
         {lastJoint + "(HJ (n llj6) (ax (0.00)))", "\"ax\" needs 1 value"},
         {lastJoint + "(HJ (n llj6))", "\"HJ\" without \"ax\""},
         {lastJoint + "(HJ (ax 0.00))", "\"HJ\" without \"n\""},
@@ -70,12 +72,20 @@ TEST_F(WorldModelBadInputTest, BadMessagesAreDroppedWholeWithTheReason) {
         {good + "(FRP (n rf) (c 0 0 0))", "\"FRP\" without \"f\""},
         {good + "(FRP (n rf) (c 0 0 0) (f 1 2))", "\"f\" needs 3 values"},
         {good + "(FRP (c 0 0 0) (f 1 2 3))", "\"FRP\" without \"n\""},
-        {replaced(good, "(B (pol 14.04 -3.02 -2.22))", "(B (pol 14.04 -3.02 -2.22)) (B (pol 1 2 3))"), "\"See\" has 2 \"B\" lists"},
-        {replaced(good, "(B (pol 14.04 -3.02 -2.22))", "(B (pol 14.04 -3.02))"), "\"pol\" needs 3 values"},
-        {replaced(good, "(B (pol 14.04 -3.02 -2.22))", "(B)"), "\"B\" needs exactly one \"pol\", has 0"},
-        {replaced(good, "(F1R (pol 30.77 16.02 -1.02))", "(F1R (pol 30.77 16.02 -1.02) (pol 30.77 16.02 -1.02))"), "\"F1R\" needs exactly one \"pol\", has 2"},
-        {replaced(good, "(G2R (pol 29.01 -5.26 0.64))", "(G2R)"), "\"G2R\" needs exactly one \"pol\", has 0"},
-        {replaced(good, "(G1R (pol 29.05 -0.88 0.56))", "(G1R (pol 29.05 x (0.56)))"), "\"pol\" needs 3 values"},
+        {replaced(good, "(B (pol 14.04 -3.02 -2.22))",
+                  "(B (pol 14.04 -3.02 -2.22)) (B (pol 1 2 3))"),
+         "\"See\" has 2 \"B\" lists"},
+        {replaced(good, "(B (pol 14.04 -3.02 -2.22))", "(B (pol 14.04 -3.02))"),
+         "\"pol\" needs 3 values"},
+        {replaced(good, "(B (pol 14.04 -3.02 -2.22))", "(B)"),
+         "\"B\" needs exactly one \"pol\", has 0"},
+        {replaced(good, "(F1R (pol 30.77 16.02 -1.02))",
+                  "(F1R (pol 30.77 16.02 -1.02) (pol 30.77 16.02 -1.02))"),
+         "\"F1R\" needs exactly one \"pol\", has 2"},
+        {replaced(good, "(G2R (pol 29.01 -5.26 0.64))", "(G2R)"),
+         "\"G2R\" needs exactly one \"pol\", has 0"},
+        {replaced(good, "(G1R (pol 29.05 -0.88 0.56))", "(G1R (pol 29.05 x (0.56)))"),
+         "\"pol\" needs 3 values"},
     };
     for (const auto& [message, why] : cases) {
         expectDropped(message, why);
@@ -93,4 +103,3 @@ TEST_F(WorldModelBadInputTest, OnlyTheFirstListOfALandmarkCounts) {
         replaced(good, "(F1R (pol 30.77 16.02 -1.02))", "(F1R (pol 30.77 16.02 -1.02)) (F1R)")));
     EXPECT_EQ(wm.getFlagsVisionSize(), 4);
 }
-

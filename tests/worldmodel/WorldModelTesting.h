@@ -15,7 +15,8 @@
 #include "worldmodel/WorldModel.h"
 
 inline const std::vector<std::string>& sampleMessages() {
-    static const std::vector<std::string> lines = support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/server-messages-sample.txt");
+    static const std::vector<std::string> lines =
+        support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/server-messages-sample.txt");
     return lines;
 }
 

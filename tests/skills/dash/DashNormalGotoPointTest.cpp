@@ -60,25 +60,6 @@ protected:
     }
 };
 
-TEST_F(DashTest, FirstDecisionWalksOrStopsButNeverTurns) {
-    const DashCycle c = dash(atAngle(3.0F, 170.0F));
-    EXPECT_EQ(c.skill, "Walk");
-    EXPECT_EQ(c.marker, marker("Walk", 0));
-    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
-    EXPECT_TRUE(DashNormalGotoPoint::isFirstFinished());
-    EXPECT_EQ(DashNormalGotoPoint::getWalkSkillType(), "Walk");
-}
-
-TEST_F(DashTest, WalkOnResumesTheGaitAtItsLoopStep) {
-    const math::Point target = atAngle(10.0F, 25.0F);  // 25 < 30: no turn
-    runUntilSkillEnds(target);
-    const DashCycle c = dash(target, false);
-    EXPECT_TRUE(DashNormalGotoPoint::isFinishedBoolean());
-    EXPECT_EQ(c.skill, "Walk");
-    EXPECT_EQ(c.marker, marker("Walk", motiontest::loopStep("Walk")));
-    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
-}
-
 TEST_F(DashTest, ArrivalStopsThenSucceeds) {
     runUntilSkillEnds(ahead(3.0F));
     // The target is now 0.28 m away, just inside the arrival distance, and the walk has ended.
@@ -130,30 +111,6 @@ TEST_F(DashTest, TurnNeedsBothTheAngleAndTheLateralOffset) {
     dash(atAngle(1.0F, 11.0F), false);
     EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
     EXPECT_EQ(BasicDash::getConfigSkill().getCurrentSkillName(), "Walk");
-}
-
-TEST_F(DashTest, TurnRunsToItsEndThenWalkResumes) {
-    runUntilSkillEnds(ahead(3.0F));
-    const math::Point target = atAngle(2.0F, 45.0F);
-    dash(target, false);
-    runUntilSkillEnds(target);
-    dash(target, false);  // the turn starts
-    ASSERT_TRUE(DashNormalGotoPoint::isActionBoolean());
-    // While the turn lasts it is rebuilt with the same remembered angle.
-    for (int i = 0; i < 30 && !DashNormalGotoPoint::getTurnAngle().isFinished(); ++i) {
-        dash(target);
-        EXPECT_EQ(BasicTurn::getDoAngle(), -40.0F);
-    }
-    ASSERT_TRUE(DashNormalGotoPoint::getTurnAngle().isFinished());
-    // The robot now faces the target: the turn player is reset and the walk starts at step 0.
-    place(0.0F, 0.0F, 45.0F);
-    const DashCycle c = dash(target, false);
-    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
-    EXPECT_NEAR(DashNormalGotoPoint::getDeltaAlpha(), 0.0F, 0.05F);
-    EXPECT_EQ(BasicTurn::getConfigSkill().getCurrentSkillName(), "@");
-    EXPECT_EQ(BasicTurn::getDoAngle(), 0.0F);
-    EXPECT_EQ(c.skill, "Walk");
-    EXPECT_EQ(c.marker, marker("Walk", 0));
 }
 
 }  // namespace

@@ -16,31 +16,7 @@ protected:
         scene.time = time - 0.02F;
         perceive();
     }
-
 };
-
-TEST_F(DiveTest, ClockStartsAtTheFirstDiveAndRunsTwentySeconds) {
-    at(100.0F);
-    LeftDiv first(&wm);
-    std::unique_ptr<Command> owned(first.getCommand());
-    EXPECT_EQ(LeftDiv::getTime(), wm.getTime());
-    EXPECT_FALSE(first.isFinished());
-    EXPECT_EQ(RightDiv::getTime(), -1.0F);  // the clocks are separate
-
-    LeftDiv::setTime(100.0F);
-    scene.time = 120.0F;
-    wm.update(motiontest::message(scene));
-    LeftDiv atTwenty(&wm);
-    owned.reset(atTwenty.getCommand());
-    EXPECT_FALSE(atTwenty.isFinished());  // 20.0 is not more than 20.0
-    EXPECT_EQ(LeftDiv::getTime(), 100.0F);
-
-    scene.time = 120.02F;
-    wm.update(motiontest::message(scene));
-    LeftDiv later(&wm);
-    owned.reset(later.getCommand());
-    EXPECT_TRUE(later.isFinished());
-}
 
 TEST_F(DiveTest, EffectorTextOfADiveFromAStandingBody) {
     at(10.0F);

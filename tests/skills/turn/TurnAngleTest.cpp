@@ -9,8 +9,6 @@
 
 namespace {
 
-using motiontest::marker;
-
 struct TurnCycle {
     float marker;       // the key frame the command was taken from
     std::string skill;  // the turn player's current skill after the cycle
@@ -79,49 +77,6 @@ TEST_F(TurnAngleTest, TurnsInTheLargestStepsThatFit) {
         EXPECT_EQ(turnToEnd(c.angle), c.steps) << c.angle;
         EXPECT_EQ(BasicTurn::getDoAngle(), c.done) << c.angle;
     }
-}
-
-TEST_F(TurnAngleTest, LeftFortyThenStopThenSuccess) {
-    resetTurn();
-    TurnCycle c = turn(-40.0F);
-    EXPECT_EQ(c.skill, "TurnLeft40");
-    EXPECT_EQ(c.marker, marker("TurnLeft40", 0));
-    EXPECT_EQ(c.doAngle, -40.0F);
-    EXPECT_EQ(BasicTurn::getTurnAngle(), 40.0F);
-    EXPECT_FALSE(c.finished);
-
-    c = turn(-40.0F);
-    EXPECT_EQ(c.marker, marker("TurnLeft40", 1));
-    c = turn(-40.0F);  // the last key frame is reached: the player reports finished
-    EXPECT_TRUE(BasicTurn::getConfigSkill().isFinished());
-    EXPECT_FALSE(c.finished);
-
-    c = turn(-40.0F);  // nothing remains: "Stop" from its first step
-    EXPECT_EQ(c.skill, "Stop");
-    EXPECT_EQ(c.marker, marker("Stop", 0));
-    EXPECT_FALSE(c.finished);
-    c = turn(-40.0F);  // "Stop" is reached and ends
-    EXPECT_TRUE(BasicTurn::getConfigSkill().isFinished());
-    EXPECT_FALSE(c.finished);
-    c = turn(-40.0F);
-    EXPECT_TRUE(c.finished);
-    EXPECT_EQ(c.skill, "Stop");
-    EXPECT_EQ(c.marker, marker("Stop", 0));
-    c = turn(-40.0F);  // done stays done while the robot holds the pose
-    EXPECT_TRUE(c.finished);
-    EXPECT_EQ(c.doAngle, -40.0F);
-}
-
-TEST_F(TurnAngleTest, SameSizeAgainResumesAtTheLoopStep) {
-    resetTurn();
-    turn(80.0F);
-    turn(80.0F);
-    turn(80.0F);  // the first TurnRight40 ends
-    const TurnCycle again = turn(80.0F, false);
-    EXPECT_EQ(again.skill, "TurnRight40");
-    EXPECT_EQ(again.doAngle, 80.0F);
-    EXPECT_EQ(again.marker, marker("TurnRight40", motiontest::loopStep("TurnRight40")));
-    EXPECT_NE(again.marker, marker("TurnRight40", 0));
 }
 
 }  // namespace

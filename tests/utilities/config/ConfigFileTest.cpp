@@ -110,11 +110,11 @@ TEST_F(ConfigFileTest, MissingNamesAreFatalAndNamed) {
                 support::checkDiagnosticPattern(
                     "Config", "ConfigFile& Config::ConfigFiles::operator[](const std::string&)",
                     "it != files.end()", "configuration \"Nope\" is not registered"));
-    EXPECT_EXIT(config["Srv"]["Connection"], ::testing::ExitedWithCode(1),
-                support::checkDiagnosticPattern(
-                    "Config", "ConfigGroup& ConfigFile::operator[](const std::string&)",
-                    "it != groups.end()",
-                    "configuration \"Srv\", group \"Connection\" is missing"));
+    EXPECT_EXIT(
+        config["Srv"]["Connection"], ::testing::ExitedWithCode(1),
+        support::checkDiagnosticPattern(
+            "Config", "ConfigGroup& ConfigFile::operator[](const std::string&)",
+            "it != groups.end()", "configuration \"Srv\", group \"Connection\" is missing"));
     EXPECT_EXIT(config["Srv"]["Server"]["Port"], ::testing::ExitedWithCode(1),
                 support::checkDiagnosticPattern(
                     "Config", "ConfigValue& ConfigGroup::operator[](const std::string&)",
@@ -155,13 +155,14 @@ TEST(ConfigArgumentsTest, OptionsWriteTheirKeysOrPrintTheUsage) {
     const ArgumentsCase cases[] = {
         {{}, true, ""},
         {{"--coach"}, true, ""},
-        {{"--number", "2", "--host", "10.0.0.5", "--port", "3200", "--coach-port", "3300",
-          "--team", "Korvel", "--random-seed", "17"},
+        {{"--number", "2", "--host", "10.0.0.5", "--port", "3200", "--coach-port", "3300", "--team",
+          "Korvel", "--random-seed", "17"},
          true,
          "[Connection] HostName=<10.0.0.5>\n[Connection] Port=<3200>\n"
          "[Public] RandomSeed=<17>\n[Public] TeamName=<Korvel>\n[Public] UniformNum=<2>\n"
          "[Server] CoachPort=<3300>\n"},
-        {{"--goalie", "--offline"}, true,
+        {{"--goalie", "--offline"},
+         true,
          "[Public] IsGoalie=<True>\n[Server] OfflinePlaying=<True>\n[Logger] Offline=<True>\n"},
         {{"--port", "3101", "--port", "3102"}, true, "[Connection] Port=<3102>\n"},
         {{"--team", "--goalie"}, true, "[Public] TeamName=<--goalie>\n"},

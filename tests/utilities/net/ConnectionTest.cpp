@@ -19,7 +19,6 @@ namespace {
 using support::Millis;
 using support::ScriptedServer;
 using support::ServerScript;
-using Kind = ScriptedServer::EventKind;
 
 using support::LogString;
 
@@ -97,21 +96,6 @@ protected:
 };
 
 // --- set-up and console messages -------------------------------------------------------------
-
-TEST_F(ConnectionTest, InitConnectsAndAnnouncesTheTarget) {
-    ScriptedServer server(ServerScript().expectClose());
-    Connection connection("127.0.0.1", server.port());
-    EXPECT_FALSE(connection.getSocket().isConnected());  // no traffic before init
-
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    EXPECT_TRUE(connection.init());
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "Connecting to TCP 127.0.0.1:" + std::to_string(server.port()) + "\n");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    EXPECT_TRUE(connection.getSocket().isConnected());
-    EXPECT_EQ(connection.getSocket().getPeer().getPort(), server.port());
-}
 
 TEST_F(ConnectionTest, RefusedConnectionIsReportedAndClosesTheSocket) {
     const support::ClosedPort closed;
@@ -260,33 +244,5 @@ TEST_F(ConnectionTest, SendFramesWithABigEndianLength) {
 }
 
 // --- a whole session in lock step ------------------------------------------------------------
-
-TEST_F(ConnectionTest, RecordedMessagesInLockStepArriveByteForByte) {
-    const std::vector<std::string> recorded = ServerScript::readMessages(
-        std::string(KORVEL_TEST_DATA_DIR) + "/server-messages-sample.txt");
-    ASSERT_EQ(recorded.size(), 73u);
-    ScriptedServer server(ServerScript::lockStep(recorded, Millis(3000)));
-    auto connection = connectTo(server);
-    std::vector<std::string> received;
-    std::vector<std::string> replies;
-    std::string message;
-    while (connection->getMessage(message)) {
-        received.push_back(message);
-        replies.push_back("(reply " + std::to_string(received.size()) + ")");
-        connection->sendMessage(replies.back());
-    }
-    ASSERT_TRUE(server.wait());
-    EXPECT_TRUE(received == recorded);
-    EXPECT_EQ(server.frames(), replies);
-    // Each reply comes right after the message it answers.
-    const auto events = server.events();
-    ASSERT_EQ(events.size(), 2 + 2 * recorded.size()) << server.describeEvents();
-    for (size_t i = 0; i < recorded.size(); ++i) {
-        EXPECT_EQ(events[1 + 2 * i].kind, Kind::Sent);
-        EXPECT_EQ(events[2 + 2 * i].kind, Kind::Received);
-        EXPECT_EQ(events[2 + 2 * i].data, replies[i]);
-    }
-    closeQuietly(connection);
-}
 
 }  // namespace
