@@ -149,7 +149,7 @@ def main():
         try:
             if layer and os.path.exists(program) and not run(
                     make[:-1] + ["--target", f"korvel_{layer}_tests", make[-1]], tree, log) and run(
-                        [program, "--gtest_brief=1"], os.path.join(build, "tests"), log,
+                        [program, "--gtest_brief=1", "--gtest_fail_fast"], os.path.join(build, "tests"), log,
                         {"ASAN_OPTIONS": "detect_leaks=0"}):
                 result, by = "killed", first_gtest_failure(log)
             elif run(make, tree, log):

@@ -99,32 +99,6 @@ TEST_F(RecordReplayTest, OnlineGameReplaysOfflineToTheSameEffectorTexts) {
     EXPECT_EQ(support::readLines(recordingPath()), recorded);
 }
 
-TEST_F(RecordReplayTest, OfflineLoopStopsAtTheFirstEmptyLineAndSendsNothing) {
-    std::vector<std::string> lines = realSession(40);
-    // Three messages of play, an empty line, then more that must not be read.
-    std::vector<std::string> recording(lines.begin() + 26, lines.begin() + 29);
-    recording.emplace_back("");
-    recording.insert(recording.end(), lines.begin() + 29, lines.end());
-    writeLines(recordingPath(), recording);
-
-    // A port where nothing listens would make an online player fail loudly; offline never
-    // connects at all.
-    PlayerProcess player(dir.path(), {"--number", "2", "--offline"});
-    ASSERT_EQ(player.wait(30000), 0) << player.standardError();
-    const std::vector<std::string> log = player.logLines("Korvel-1.log");
-    EXPECT_EQ(count(log, "last pos 5 : "), 3u);
-    EXPECT_EQ(effectorTexts(log).size(), 3u);
-    EXPECT_EQ(player.standardOutput().find("Connecting to TCP"), std::string::npos);
-}
-
-TEST_F(RecordReplayTest, OfflineWithoutRecordingPlaysNoTurnAndExitsZero) {
-    PlayerProcess player(dir.path(), {"--number", "1", "--offline"});
-    ASSERT_EQ(player.wait(30000), 0) << player.standardError();
-    const std::vector<std::string> log = player.logLines("Korvel-1.log");
-    EXPECT_EQ(count(log, "last pos 5 : "), 0u);
-    EXPECT_FALSE(std::filesystem::exists(recordingPath()));
-}
-
 TEST_F(RecordReplayTest, UniformNumberWithoutARoleHoldsItsPosture) {
     std::vector<std::string> lines = realSession(30);
     writeLines(recordingPath(), std::vector<std::string>(lines.begin() + 26, lines.end()));

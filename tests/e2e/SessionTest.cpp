@@ -171,16 +171,6 @@ TEST_F(SessionTest, PlayerWithoutServerReportsTheFailureAndExitsZero) {
     EXPECT_TRUE(linesFrom(player.logLines("Korvel-1.log"), "Message : : : ").empty());
 }
 
-TEST_F(SessionTest, ServerClosingDuringTheSessionStartEndsThePlayerCleanly) {
-    const std::vector<std::string> messages = realSession();
-    ServerScript script;
-    script.expectFrame().sendFrame(messages[0]).close();
-    ScriptedServer server(script);
-    PlayerProcess player(dir.path(), arguments(server));
-    ASSERT_TRUE(server.wait(Millis(30000)));
-    EXPECT_EQ(player.wait(20000), 0) << player.standardError();
-}
-
 TEST_F(SessionTest, BeamWithFewerThanThreeWordsIsAConfigurationError) {
     PlayerProcess::setConfigValue(dir.path(), "OffenseParameters", "Initialize", "Beam", "0.5 -2");
     const std::vector<std::string> messages = realSession();

@@ -97,31 +97,6 @@ TEST_F(StartupE2ETest, PlayerPortOptionPrintsTheUsageText) {
     EXPECT_EQ(run.err, kRefused);
 }
 
-TEST_F(StartupE2ETest, BrokenConfigurationLineStopsWithOneDiagnosticLine) {
-    const std::string path = dir.path() + "/Data/ConfigurationData/WorldModelParameters.conf";
-    std::string text = support::readFile(path);
-    const std::string good = "Width = 20";
-    const auto at = text.find(good);
-    ASSERT_NE(at, std::string::npos);
-    text.replace(at, good.size(), "Width 20");  // the "=" is missing
-    dir.write("Data/ConfigurationData/WorldModelParameters.conf", text);
-    int lineNumber = 1;
-    for (std::string::size_type i = 0; i < at; ++i) {
-        lineNumber += text[i] == '\n' ? 1 : 0;
-    }
-
-    const PlayerRun run = runPlayer(dir.path(), {});
-    EXPECT_NE(run.exitCode, 0);
-    EXPECT_EQ(run.out, statusLine("LoggerInitialize") + statusLine("ServerInitialize"));
-    const std::string diagnostic = support::checkDiagnosticPattern(
-        "Config", "virtual void ConfigFile::readFile(const std::string&)",
-        "qpos != string::npos && qpos < cpos",
-        "file \"./Data/ConfigurationData/WorldModelParameters.conf\", line " +
-            std::to_string(lineNumber));
-    EXPECT_TRUE(std::regex_search(run.err, std::regex(diagnostic, std::regex::extended)))
-        << run.err;
-}
-
 TEST_F(StartupE2ETest, MissingConfigurationFileStopsAfterTheFilesBeforeIt) {
     fs::remove(dir.path() + "/Data/ConfigurationData/DefenceParameters.conf");
     const PlayerRun run = runPlayer(dir.path(), {});

@@ -195,22 +195,4 @@ TEST_F(ConfigSkillTest, KeyFrameIsReachedWithinItsPrecision) {
     }
 }
 
-TEST_F(ConfigSkillTest, WaitHoldsTheKeyFrameUntilItsTimeHasPassed) {
-    tree.addSkill(
-        "Hold", skilltest::skillText(
-                    {step({{"wait", "0.5"}, {"Arm::Left", "10 0 0 0"}, {"Arm::PLeft", "5 1 1 1"}}),
-                     step({})},
-                    1));
-    load();
-    WorldModel wm;
-    wm.setTime(10.0F);
-    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(), kHeldText);
-    EXPECT_EQ(Command::time, 10.0F);
-    wm.setTime(10.48F);
-    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(), kHeldText);
-    wm.setTime(10.5F);
-    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(),
-              effectorText({{"lae1", "4.36332"}}));
-}
-
 }  // namespace

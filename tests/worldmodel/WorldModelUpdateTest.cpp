@@ -43,26 +43,6 @@ TEST_F(WorldModelTest, EveryRecordedMessageIsTakenIn) {
     }
 }
 
-TEST_F(WorldModelTest, ReadsTimeGameStateAndGyroscope) {
-    WorldModel wm;
-    ASSERT_TRUE(wm.update(sample(1)));
-    EXPECT_FLOAT_EQ(wm.getTime(), 6.08F);
-    EXPECT_FLOAT_EQ(wm.getTimeStep(), 6.08F);
-    ASSERT_TRUE(wm.update(sample(2)));
-    EXPECT_FLOAT_EQ(wm.getTime(), 6.10F);
-    EXPECT_FLOAT_EQ(wm.getTimeStep(), 6.10F - 6.08F);
-    EXPECT_EQ(wm.getCycle(), 0.0F);
-    EXPECT_EQ(wm.getPlayMode(), BeforeKickOff);
-    // "(GYR (n torso) (rt 0.01 -0.00 -0.00))"
-    EXPECT_FLOAT_EQ(wm.getSelf()->getGyroRate().x, 0.01F);
-    EXPECT_EQ(wm.getSelf()->getGyroRate().y, 0.0F);
-    EXPECT_EQ(wm.getSelf()->getGyroRate().z, 0.0F);
-
-    feedSample(wm, 18, 3);  // "(t 0.02) (pm PlayOn)"
-    EXPECT_FLOAT_EQ(wm.getCycle(), 0.02F);
-    EXPECT_EQ(wm.getPlayMode(), InPlay);
-}
-
 TEST_F(WorldModelTest, GameStateOfTheRightTeamAfterKickOff) {
     WorldModel wm;
     ASSERT_TRUE(wm.update("(time (now 12.34))(GS (t 0.00) (pm BeforeKickOff))"));
