@@ -33,7 +33,6 @@ public:
     // Whether the process is still running.
     bool running();
     void signal(int signalNumber) const;
-    [[nodiscard]] pid_t pid() const { return child; }
 
     [[nodiscard]] std::string standardOutput() const;
     [[nodiscard]] std::string standardError() const;

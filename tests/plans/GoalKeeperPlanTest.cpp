@@ -66,18 +66,6 @@ TEST_F(GoalKeeperPlanTest, LeftSideDivesBelowMinusFive) {
     EXPECT_EQ(GoalKeeperPlan::name, "sideWalk");
 }
 
-TEST_F(GoalKeeperPlanTest, RightSideDivesBelowPlusFive) {
-    scene.side = 2;
-    scene.x = 14.0F;
-    scene.heading = 180.0F;
-    auto c = keep(3.0F, 0.4F);
-    EXPECT_EQ(GoalKeeperPlan::name, "div");
-    EXPECT_EQ(rightFoot(*c), 30.0F);
-    c = keep(6.0F, 0.4F);
-    EXPECT_EQ(GoalKeeperPlan::name, "sideWalk");
-    EXPECT_EQ(BasicSideWalk::getSideWalkSide(), "RightSideWalk");
-}
-
 TEST_F(GoalKeeperPlanTest, FallenKeeperGetsUpOnlyAfterTwentySeconds) {
     scene.time = 50.0F;
     keep(-6.0F, 0.4F);  // dives; the fall check starts both clocks now

@@ -3,12 +3,12 @@
 #include <cstdlib>
 #include <string>
 
-#include "SkillDataWriter.h"
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "support/CheckDiagnostic.h"
 #include "support/FileHelpers.h"
+#include "support/SkillFiles.h"
 #include "utilities/config/Config.h"
 #include "worldmodel/Share.h"
 

@@ -4,12 +4,12 @@
 #include <sstream>
 #include <string>
 
-#include "SkillDataWriter.h"
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
 #include "support/FileHelpers.h"
+#include "support/SkillFiles.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/logging/Logger.h"

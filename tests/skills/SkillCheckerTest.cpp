@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "SkillDataWriter.h"
 #include "skills/SkillChecker.h"
+#include "support/SkillFiles.h"
 #include "utilities/config/Config.h"
 
 namespace {
@@ -32,18 +32,6 @@ TEST_F(SkillCheckerTest, CatchesAPlantedOutOfRangeTarget) {
     EXPECT_EQ(SkillChecker::format(report),
               "error: Bad: Step2, Leg::Left: lle2 target 50 degrees is outside -25..45\n"
               "korvel-check: 2 skills, 1 errors, 0 warnings\n");
-}
-
-TEST_F(SkillCheckerTest, SkipsLimbsLeftOutOfAStep) {
-    tree.addSkill("Skips", skilltest::skillText({step({{"Leg::Left", "9999 500 500 500 500 500"},
-                                                       {"Arm::PRight", "9999"},
-                                                       {"Arm::Right", "500 500 500 500"}}),
-                                                 step({{"Arm::Right", "500 0 0 0"}})},
-                                                1));
-    const SkillChecker::Report report = check();
-    ASSERT_EQ(report.findings.size(), 1U) << SkillChecker::format(report);
-    EXPECT_EQ(report.findings[0].text,
-              "Step2, Arm::Right: rae1 target 500 degrees is outside -120..120");
 }
 
 TEST_F(SkillCheckerTest, ChecksRaiseTargetsAndWarnsAboutSpeed) {

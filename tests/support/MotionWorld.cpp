@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ScratchDirectory.h"
+#include "SkillFiles.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
@@ -78,39 +79,23 @@ const TestSkill& find(const std::string& name) {
     throw std::invalid_argument("no test skill " + name);
 }
 
-std::string repeat(const std::string& word, int n) {
-    std::string out;
-    for (int i = 0; i < n; ++i) {
-        out += (i == 0 ? "" : " ") + word;
-    }
-    return out;
-}
-
-void writeFile(const std::filesystem::path& path, const std::string& text) {
-    std::ofstream out(path);
-    out << text;
-    if (!out) {
-        throw std::runtime_error("cannot write " + path.string());
-    }
-}
-
+// The steps of a test skill: every joint at 0 but lae1 at the step's marker, every speed kSpeed.
 std::string skillFile(const TestSkill& skill) {
-    std::ostringstream out;
-    const std::string speed = std::to_string(static_cast<int>(kSpeed));
-    out << "# test skill " << skill.name << "\n[DefaultSet]\nStepCount = " << skill.steps
-        << "\nLoopStepNumber = " << skill.loop << "\n";
+    const std::string v = std::to_string(static_cast<int>(kSpeed));
+    const std::string two = v + " " + v;
+    const std::string four = two + " " + two;
+    const std::string six = four + " " + two;
+    std::vector<skilltest::StepKeys> steps;
     for (unsigned int s = 0; s < skill.steps; ++s) {
-        out << "\n[Step" << s + 1 << "]\n"
-            << "leftFootParallerGround = false\nrightFootParallerGround = false\n"
-            << "leftRaise2 = false\nrightRaise2 = false\nprecision = false\n"
-            << "Head::Instance = 0 0\nHead::PInstance = " << repeat(speed, 2) << "\n"
-            << "Arm::Left = " << skill.base + static_cast<float>(s + 1) << " 0 0 0\n"
-            << "Arm::PLeft = " << repeat(speed, 4) << "\n"
-            << "Arm::Right = 0 0 0 0\nArm::PRight = " << repeat(speed, 4) << "\n"
-            << "Leg::Left = " << repeat("0", 6) << "\nLeg::PLeft = " << repeat(speed, 6) << "\n"
-            << "Leg::Right = " << repeat("0", 6) << "\nLeg::PRight = " << repeat(speed, 6) << "\n";
+        const auto marker = static_cast<int>(skill.base) + static_cast<int>(s) + 1;
+        steps.push_back(skilltest::step({{"Arm::Left", std::to_string(marker) + " 0 0 0"},
+                                         {"Head::PInstance", two},
+                                         {"Arm::PLeft", four},
+                                         {"Arm::PRight", four},
+                                         {"Leg::PLeft", six},
+                                         {"Leg::PRight", six}}));
     }
-    return out.str();
+    return skilltest::skillText(steps, static_cast<int>(skill.loop));
 }
 
 // The directory of the test data, made on first use and removed when the process ends.
@@ -122,7 +107,7 @@ const std::filesystem::path& dataDir() {
 
 void registerConfig(const std::string& name, const std::string& fileName, const std::string& text) {
     const std::filesystem::path path = dataDir() / fileName;
-    writeFile(path, text);
+    skilltest::writeWholeFile(path.string(), text);
     Config config;
     config.add(name, path.string());
 }
@@ -138,10 +123,11 @@ void installSkillData() {
               << "\n[SkillDataFileName]\n";
         for (std::size_t i = 0; i < skills().size(); ++i) {
             index << i + 1 << " = " << skills()[i].name << "\n";
-            writeFile(dataDir() / "Data" / "SkillData" / (skills()[i].name + ".conf"),
-                      skillFile(skills()[i]));
+            skilltest::writeWholeFile(
+                (dataDir() / "Data" / "SkillData" / (skills()[i].name + ".conf")).string(),
+                skillFile(skills()[i]));
         }
-        writeFile(dataDir() / "index.conf", index.str());
+        skilltest::writeWholeFile((dataDir() / "index.conf").string(), index.str());
         written = true;
     }
     std::filesystem::current_path(dataDir());

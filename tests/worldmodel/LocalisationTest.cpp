@@ -74,16 +74,6 @@ TEST_F(LocalisationTest, TwoLandmarksStraightAhead) {
     EXPECT_FALSE(wm.isFallen());
 }
 
-TEST_F(LocalisationTest, TheSameSceneTurnedByARightAngle) {
-    const Seen seen = {{F1R, V(4, -5, -0.5F)}, {F2R, V(-4, -5, -0.5F)}};
-    EXPECT_NEAR(wm.updateBodyAngularPositionByFlags(seen, 0).x, pi / 2, 1e-6);
-    const V position = wm.updateBodyAngularPositionByFlags(seen, 1);
-    EXPECT_NEAR(position.x, 1.0, 1e-5);
-    EXPECT_NEAR(position.y, 0.0, 1e-5);
-    EXPECT_NEAR(position.z, 0.5, 1e-5);
-    EXPECT_NEAR(wm.getXY(), pi / 2, 1e-6);
-}
-
 TEST_F(LocalisationTest, AllEightLandmarksRefineThePositionOnAGrid) {
     // A camera 5 cm above the landmarks at (1, 0.5), turned by 0.3 rad. The first estimate
     // keeps the camera's height; a position found by the grid lies on the ground (z 0).

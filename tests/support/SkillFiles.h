@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/ScratchDirectory.h"
+#include "ScratchDirectory.h"
 
 namespace skilltest {
 

@@ -1,4 +1,4 @@
-#include "SkillDataWriter.h"
+#include "SkillFiles.h"  // same folder: the support library sees only its users' path
 
 #include <filesystem>
 #include <fstream>
