@@ -21,8 +21,6 @@ float nowOf(const std::string& message) {
     return std::strtof(message.c_str() + at + 5, nullptr);
 }
 
-constexpr float pi = 3.14159265F;
-
 }  // namespace
 
 TEST_F(WorldModelTest, EveryRecordedMessageIsTakenIn) {
@@ -76,29 +74,6 @@ TEST_F(WorldModelTest, JointVelocityIsTheChangeOverTheTimeStep) {
     EXPECT_EQ(wm.getTimeStep(), 0.0F);
     EXPECT_EQ(pan.getJointAlphaValue(), 5.0F);
     EXPECT_EQ(pan.getVelocity().x, velocity);
-}
-
-TEST_F(WorldModelTest, BallAtTheCentreSpotBeforeTheBeam) {
-    // Message 1: F1L and F1R at equal distances, 54 degrees left and right: the robot stands
-    // near (0, -1) looking along +y; the ball 1.89 m away, 58 degrees down, is on the centre
-    // spot.
-    WorldModel wm;
-    ASSERT_TRUE(wm.update(sample(1)));
-    EXPECT_NEAR(wm.getXY(), pi / 2, 0.02);
-    EXPECT_NEAR(wm.getSelf()->getPosition().x, 0.0, 0.1);
-    EXPECT_NEAR(wm.getSelf()->getPosition().y, -1.0, 0.1);
-    EXPECT_NEAR(wm.getBall()->getPosition().x, 0.0, 0.1);
-    EXPECT_NEAR(wm.getBall()->getPosition().y, 0.0, 0.1);
-    EXPECT_NEAR(wm.getBall()->getPosition().z, 0.04, 0.1);
-    EXPECT_FLOAT_EQ(wm.getBall()->getRadius(), 0.042F);
-    EXPECT_EQ(wm.getBall()->getPositionCount(), 0);
-    EXPECT_EQ(wm.getFlagsVisionSize(), 2);
-    EXPECT_TRUE(Share::bodyDir);
-    EXPECT_NEAR(wm.getSelf()->getBodyDirection(), 90.0, 1.0);
-    EXPECT_EQ(wm.getSelf()->getPolarPosition().x, wm.getXY());
-    EXPECT_EQ(Self::getLastPosition(), wm.getSelf()->getPosition());
-    ASSERT_EQ(wm.getFlags().size(), 8U);
-    EXPECT_EQ(wm.getFlag(F2R)->getPosition(), math::Vector3<float>(15.0F, -10.0F, 0.0F));
 }
 
 TEST_F(WorldModelTest, BodyDirectionDiscountsTheNeckPan) {

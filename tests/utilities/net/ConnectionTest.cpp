@@ -203,8 +203,8 @@ TEST_F(ConnectionTest, ReceivesWholeMessagesAndLogsBrokenFrames) {
          {},
          "Connection: message broken off after 5 of 100 bytes (Connection reset by peer)\n"},
         {"reset where a length is due",
-         ServerScript().sendFrame("(syn)").sleep(Millis(50)).reset(),
-         {"(syn)"},
+         ServerScript().reset(),
+         {},
          "Connection: message length broken off after 0 of 4 bytes (Connection reset by "
          "peer)\n"},
     };
@@ -223,25 +223,6 @@ TEST_F(ConnectionTest, ReceivesWholeMessagesAndLogsBrokenFrames) {
 }
 
 // --- sending ---------------------------------------------------------------------------------
-
-TEST_F(ConnectionTest, SendFramesWithABigEndianLength) {
-    ScriptedServer server(ServerScript().expectClose());
-    auto connection = connectTo(server);
-    const std::string scene = "(scene rsg/agent/nao/nao.rsg)";
-    const std::string longer = pattern(300);
-    const std::string longest = pattern(70000);
-    connection->sendMessage(scene);
-    connection->sendMessage(longer);
-    connection->sendMessage(longest);
-    closeQuietly(connection);
-    ASSERT_TRUE(server.wait());
-    const std::string expected = std::string("\x00\x00\x00\x1D", 4) + scene +
-                                 std::string("\x00\x00\x01\x2C", 4) + longer +
-                                 std::string("\x00\x01\x11\x70", 4) + longest;
-    EXPECT_TRUE(server.rawReceived() == expected);
-    EXPECT_EQ(server.frames(), (std::vector<std::string>{scene, longer, longest}));
-    EXPECT_EQ(log(), "");
-}
 
 // --- a whole session in lock step ------------------------------------------------------------
 
