@@ -87,11 +87,6 @@ ServerScript& ServerScript::reset() {
     return *this;
 }
 
-ServerScript& ServerScript::acceptTimeout(Millis timeout) {
-    mAcceptTimeout = timeout;
-    return *this;
-}
-
 // ---------------------------------------------------------------------------------------------
 // ScriptedServer
 
@@ -153,40 +148,16 @@ std::vector<std::string> ScriptedServer::frames() const {
     return mFrames;
 }
 
-std::string ScriptedServer::rawReceived() const {
-    std::lock_guard<std::mutex> lock(mMutex);
-    return mRaw;
-}
-
 std::vector<ScriptedServer::Event> ScriptedServer::events() const {
     std::lock_guard<std::mutex> lock(mMutex);
     return mEvents;
 }
 
 const char* ScriptedServer::kindName(EventKind kind) {
-    switch (kind) {
-        case EventKind::Accepted:
-            return "Accepted";
-        case EventKind::AcceptTimeout:
-            return "AcceptTimeout";
-        case EventKind::Sent:
-            return "Sent";
-        case EventKind::SentRaw:
-            return "SentRaw";
-        case EventKind::SendFailed:
-            return "SendFailed";
-        case EventKind::Received:
-            return "Received";
-        case EventKind::Timeout:
-            return "Timeout";
-        case EventKind::ClientClosed:
-            return "ClientClosed";
-        case EventKind::Closed:
-            return "Closed";
-        case EventKind::Reset:
-            return "Reset";
-    }
-    return "?";
+    static const char* const names[] = {"Accepted",   "AcceptTimeout", "Sent",    "SentRaw",
+                                        "SendFailed", "Received",      "Timeout", "ClientClosed",
+                                        "Closed",     "Reset"};
+    return names[static_cast<int>(kind)];
 }
 
 bool ScriptedServer::stopping() const {
@@ -277,7 +248,6 @@ bool ScriptedServer::pump(int client, Millis wait) {
         }
         {
             std::lock_guard<std::mutex> lock(mMutex);
-            mRaw.append(chunk.data(), static_cast<size_t>(got));
             mPending.append(chunk.data(), static_cast<size_t>(got));
             takeFrames();
         }

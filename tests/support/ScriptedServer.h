@@ -42,9 +42,6 @@ public:
     ServerScript& close();
     ServerScript& reset();
 
-    // How long to wait for the client to connect (default 5 s).
-    ServerScript& acceptTimeout(Millis timeout);
-
     const std::vector<Action>& actions() const { return mActions; }
     Millis getAcceptTimeout() const { return mAcceptTimeout; }
 
@@ -56,7 +53,7 @@ private:
 // A one-connection TCP server on 127.0.0.1 with an ephemeral port, speaking the 4-byte
 // big-endian length-prefixed framing. The constructor starts listening and runs the script in
 // a background thread: accept one client, then the actions in order. Everything the client sends
-// is recorded: its raw bytes, its complete frames in order, and an ordered event log that
+// is recorded: its complete frames in order, and an ordered event log that
 // interleaves them with what the server sent. When the script has run out the server reads
 // what is already waiting and then closes the connection.
 //
@@ -99,7 +96,6 @@ public:
 
     // Copies of the records (safe while the script runs).
     std::vector<std::string> frames() const;
-    std::string rawReceived() const;
     std::vector<Event> events() const;
     static const char* kindName(EventKind kind);
 
@@ -128,7 +124,6 @@ private:
     bool mDone = false;
     bool mStop = false;
     std::string mPending;  // client bytes not yet forming a whole frame
-    std::string mRaw;
     std::vector<std::string> mFrames;
     std::vector<Event> mEvents;
 
