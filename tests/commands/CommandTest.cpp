@@ -7,14 +7,11 @@
 #include "commands/HingeJointCommand.h"
 #include "commands/LegCommand.h"
 #include "commands/SayCommand.h"
+#include "support/EffectorText.h"
 
 namespace {
 
-// The velocities of a command held back (Command::kAllZeroText), written out once here.
-const std::string kHeldText =
-    "(he1 0) (he2 0)(rae1 0) (rae2 0) (rae3 0) (rae4 0)(lae1 0) (lae2 0) (lae3 0) (lae4 0)"
-    "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 -0) (rle6 0)"
-    "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 -0) (lle6 0)";
+using support::kHeldEffectorText;
 
 template <class LimbT>
 void setAngle(LimbT* limb, unsigned int index, float degrees) {
@@ -55,8 +52,8 @@ TEST_F(CommandTest, EffectorText) {
     // A copy sends the same text; held back, a command sends the all-zero text.
     EXPECT_EQ(Command(&command).toString(), expected + "(Say 5a>7)");
     command.setSendCommand(false);
-    EXPECT_EQ(command.toString(), kHeldText);
-    EXPECT_EQ(Command(&command).toString(), kHeldText);
+    EXPECT_EQ(command.toString(), kHeldEffectorText);
+    EXPECT_EQ(Command(&command).toString(), kHeldEffectorText);
 }
 
 struct LawCase {

@@ -9,6 +9,7 @@
 #include "PlayerProcess.h"
 #include "SessionScript.h"
 #include "support/ClosedPort.h"
+#include "support/EffectorText.h"
 #include "support/FileHelpers.h"
 #include "support/ScratchDirectory.h"
 #include "support/ScriptedServer.h"
@@ -28,10 +29,6 @@ using session::realSession;
 
 const char kInit[] = "(init (unum 3)(teamname Korvel))";
 const char kBeam[] = "(beam 0.5 -2 90)";
-const char kAllStopped[] =
-    "(he1 0) (he2 0)(rae1 0) (rae2 0) (rae3 0) (rae4 0)(lae1 0) (lae2 0) (lae3 0) (lae4 0)"
-    "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 -0) (rle6 0)"
-    "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 -0) (lle6 0)";
 
 class SessionTest : public ::testing::Test {
 protected:
@@ -100,7 +97,7 @@ TEST_F(SessionTest, SessionStartSilenceBeforeKickOffThenOneEffectorFramePerMessa
     // frame of a held key frame stops every joint, the head included.
     for (size_t turn = 0; turn < kActing; ++turn) {
         const std::string& text = events[expected.size() + 2 * turn + 1].data;
-        if (text == kAllStopped) {
+        if (text == support::kHeldEffectorText) {
             continue;
         }
         // The head's text ends where the right arm's begins.
