@@ -45,7 +45,7 @@ std::string skillText(const std::vector<StepKeys>& steps, int loopStep) {
     for (std::size_t s = 0; s < steps.size(); ++s) {
         text += "\n[Step" + std::to_string(s + 1) + "]\n";
         for (const auto& [key, value] : steps[s]) {
-            text += key + " = " + value + "\n";
+            text.append(key).append(" = ").append(value).append("\n");
         }
     }
     return text;

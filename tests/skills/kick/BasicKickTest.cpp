@@ -60,19 +60,21 @@ TEST_F(KickTest, KickThenStopThenSuccess) {
 }
 
 TEST_F(KickTest, OnlyAWholeResetStartsAFinishedKickAgain) {
-    resetKickPlayer();
-    for (int i = 0; i < 8 && !BasicKick::getConfigSkill().isFinished(); ++i) {
-        kick();
+    for (const bool whole : {true, false}) {
+        resetKickPlayer();
+        for (int i = 0; i < 8 && !BasicKick::getConfigSkill().isFinished(); ++i) {
+            kick();
+        }
+        ASSERT_TRUE(BasicKick::getConfigSkill().isFinished());
+        if (whole) {
+            BasicKick::resetState();
+        } else {
+            BasicKick::getConfigSkill().setCurrentSkillName("@");
+        }
+        const KickCycle c = kick(false);
+        EXPECT_EQ(c.skill, whole ? "LeftKick" : "Stop");
+        EXPECT_EQ(c.marker, marker(c.skill, 0));
     }
-    ASSERT_TRUE(BasicKick::getConfigSkill().isFinished());
-    BasicKick::getConfigSkill().setCurrentSkillName("@");
-    KickCycle c = kick(false);
-    EXPECT_EQ(c.skill, "Stop");
-    EXPECT_EQ(c.marker, marker("Stop", 0));
-    BasicKick::resetState();
-    c = kick(false);
-    EXPECT_EQ(c.skill, "LeftKick");
-    EXPECT_EQ(c.marker, marker("LeftKick", 0));
 }
 
 }  // namespace

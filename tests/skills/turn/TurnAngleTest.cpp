@@ -54,23 +54,23 @@ protected:
 
 struct TurnCase {
     float angle;  // degrees
+    float done;   // degrees
     std::vector<std::string> steps;
-    float done;  // degrees
 };
 
 // Steps of 40, 30, 25, 15, 10 and 5 degrees, the largest that fits, until within 5.1 degrees.
 TEST_F(TurnAngleTest, TurnsInTheLargestStepsThatFit) {
     const TurnCase cases[] = {
-        {57.0F, {"TurnRight40", "TurnRight15", "Stop"}, 55.0F},
-        {45.1F, {"TurnRight40", "Stop"}, 40.0F},
-        {45.2F, {"TurnRight40", "TurnRight5", "Stop"}, 45.0F},
-        {-69.0F, {"TurnLeft40", "TurnLeft25", "Stop"}, -65.0F},
-        {-75.0F, {"TurnLeft40", "TurnLeft30", "Stop"}, -70.0F},
-        {20.0F, {"TurnRight15", "Stop"}, 15.0F},
-        {14.0F, {"TurnRight10", "Stop"}, 10.0F},
-        {8.0F, {"TurnRight5", "Stop"}, 5.0F},
-        {0.0F, {"TurnRight5", "Stop"}, 5.0F},
-        {-3.0F, {"TurnLeft5", "Stop"}, -5.0F},
+        {57.0F, 55.0F, {"TurnRight40", "TurnRight15", "Stop"}},
+        {45.1F, 40.0F, {"TurnRight40", "Stop"}},
+        {45.2F, 45.0F, {"TurnRight40", "TurnRight5", "Stop"}},
+        {-69.0F, -65.0F, {"TurnLeft40", "TurnLeft25", "Stop"}},
+        {-75.0F, -70.0F, {"TurnLeft40", "TurnLeft30", "Stop"}},
+        {20.0F, 15.0F, {"TurnRight15", "Stop"}},
+        {14.0F, 10.0F, {"TurnRight10", "Stop"}},
+        {8.0F, 5.0F, {"TurnRight5", "Stop"}},
+        {0.0F, 5.0F, {"TurnRight5", "Stop"}},
+        {-3.0F, -5.0F, {"TurnLeft5", "Stop"}},
     };
     for (const TurnCase& c : cases) {
         resetTurn();

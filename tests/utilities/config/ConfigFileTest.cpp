@@ -19,7 +19,8 @@ std::string dump(const ConfigFile& file) {
     std::string text;
     for (const auto& [group, keys] : file.getGroups()) {
         for (const auto& [key, value] : keys.getValues()) {
-            text += "[" + group + "] " + key + "=<" + value.asString() + ">\n";
+            text.append("[").append(group).append("] ").append(key).append("=<");
+            text.append(value.asString()).append(">\n");
         }
     }
     return text;
@@ -185,6 +186,7 @@ TEST(ConfigArgumentsTest, OptionsWriteTheirKeysOrPrintTheUsage) {
         std::vector<std::string> words = c.arguments;
         words.insert(words.begin(), "./korvel");
         std::vector<char*> argv;
+        argv.reserve(words.size() + 1);
         for (std::string& word : words) {
             argv.push_back(word.data());
         }
