@@ -10,8 +10,7 @@
 #include <vector>
 
 #include "body/Body.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 #include "support/ScriptedServer.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogFile.h"

@@ -8,8 +8,7 @@
 #include <regex>
 #include <string>
 
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Logger.h"
 

@@ -7,7 +7,7 @@
 #include "commands/HingeJointCommand.h"
 #include "commands/LegCommand.h"
 #include "commands/SayCommand.h"
-#include "support/EffectorText.h"
+#include "support/Expected.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "RealServer.h"
 #include "Trials.h"
 #include "agent/Startup.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogDevNull.h"
 #include "utilities/logging/Logger.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/FileHelpers.h"
+#include "support/Files.h"
 
 // The player binary as built, run as a child process in a run directory of its own, the way the
 // team scripts start it: ./Data (configuration copied so that a test can change it, skill data

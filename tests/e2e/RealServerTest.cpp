@@ -14,8 +14,7 @@
 
 #include "PlayerProcess.h"
 #include "RealServer.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 
 namespace {
 

@@ -9,9 +9,8 @@
 #include <vector>
 
 #include "PlayerProcess.h"
-#include "support/EffectorText.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "support/ScriptedServer.h"
 
 using support::Millis;

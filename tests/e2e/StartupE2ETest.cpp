@@ -7,10 +7,9 @@
 #include <vector>
 
 #include "PlayerProcess.h"
-#include "support/CheckDiagnostic.h"
-#include "support/ClosedPort.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Expected.h"
+#include "support/Files.h"
+#include "support/ScriptedServer.h"
 
 namespace {
 

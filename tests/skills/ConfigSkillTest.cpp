@@ -8,7 +8,7 @@
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
-#include "support/FileHelpers.h"
+#include "support/Files.h"
 #include "support/SkillFiles.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Debugger.h"

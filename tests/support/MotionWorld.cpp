@@ -8,7 +8,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "ScratchDirectory.h"
 #include "SkillFiles.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
@@ -84,7 +83,6 @@ std::string skillFile(const TestSkill& skill) {
     const std::string v = std::to_string(static_cast<int>(kSpeed));
     const std::string two = v + " " + v;
     const std::string four = two + " " + two;
-    const std::string six = four + " " + two;
     std::vector<skilltest::StepKeys> steps;
     for (unsigned int s = 0; s < skill.steps; ++s) {
         const auto marker = static_cast<int>(skill.base) + static_cast<int>(s) + 1;
@@ -92,58 +90,45 @@ std::string skillFile(const TestSkill& skill) {
                                          {"Head::PInstance", two},
                                          {"Arm::PLeft", four},
                                          {"Arm::PRight", four},
-                                         {"Leg::PLeft", six},
-                                         {"Leg::PRight", six}}));
+                                         {"Leg::PLeft", four + " " + two},
+                                         {"Leg::PRight", four + " " + two}}));
     }
     return skilltest::skillText(steps, static_cast<int>(skill.loop));
 }
 
-// The directory of the test data, made on first use and removed when the process ends.
-const std::filesystem::path& dataDir() {
-    static const support::ScratchDirectory scratch;
-    static const std::filesystem::path dir(scratch.path());
-    return dir;
-}
-
-void registerConfig(const std::string& name, const std::string& fileName, const std::string& text) {
-    const std::filesystem::path path = dataDir() / fileName;
-    skilltest::writeWholeFile(path.string(), text);
-    Config config;
-    config.add(name, path.string());
+// The test data, written on first use and removed when the process ends.
+const skilltest::DataTree& tree() {
+    static skilltest::DataTree data;
+    static const bool written = [] {
+        for (const TestSkill& skill : skills()) {
+            data.addSkill(skill.name, skillFile(skill));
+        }
+        return true;
+    }();
+    static_cast<void>(written);
+    return data;
 }
 
 }  // namespace
 
 void installSkillData() {
-    static bool written = false;
-    if (!written) {
-        std::filesystem::create_directories(dataDir() / "Data" / "SkillData");
-        std::ostringstream index;
-        index << "[DefultSet]\nSkillDataFileCount = " << skills().size()
-              << "\n[SkillDataFileName]\n";
-        for (std::size_t i = 0; i < skills().size(); ++i) {
-            index << i + 1 << " = " << skills()[i].name << "\n";
-            skilltest::writeWholeFile(
-                (dataDir() / "Data" / "SkillData" / (skills()[i].name + ".conf")).string(),
-                skillFile(skills()[i]));
-        }
-        skilltest::writeWholeFile((dataDir() / "index.conf").string(), index.str());
-        written = true;
-    }
-    std::filesystem::current_path(dataDir());
-
+    std::filesystem::current_path(tree().root());
     // Registered (again) every time, so that a test that changed a value starts afresh.
     Config config;
-    config.add("Config_FileAdresses", (dataDir() / "index.conf").string());
-    registerConfig("ServerInitialize", "server.conf",
-                   "[Server]\nOfflinePlaying = true\nVersion = 0.7.4\n"
-                   "[Public]\nUniformNum = 3\n");
+    config.add("Config_FileAdresses",
+               tree().root() + "/Data/ConfigurationData/Config_FileAddresses.conf");
     std::ostringstream field;
     field << "[Field]\nLength = " << kFieldLength << "\nWidth = " << kFieldWidth
           << "\nGoalWidth = " << kGoalWidth << "\n[Ball]\nRadius = 0.042\n";
-    registerConfig("WorldModelParameters", "world.conf", field.str());
-    registerConfig("OffenseParameters", "offense.conf",
-                   "[Kick]\nMaxBallDistance = 0.35\nMaxBallBearing = 30\nMaxHeadingError = 45\n");
+    const std::pair<const char*, std::string> files[] = {
+        {"ServerInitialize",
+         "[Server]\nOfflinePlaying = true\nVersion = 0.7.4\n[Public]\nUniformNum = 3\n"},
+        {"WorldModelParameters", field.str()},
+        {"OffenseParameters",
+         "[Kick]\nMaxBallDistance = 0.35\nMaxBallBearing = 30\nMaxHeadingError = 45\n"}};
+    for (const auto& [name, text] : files) {
+        config.add(name, tree().write(std::string(name) + ".conf", text));
+    }
     // The skill database is loaded again, from these files, on its next use.
     ConfigReader::resetState();
 }

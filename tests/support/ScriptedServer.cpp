@@ -15,6 +15,19 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+// Binds `fd` to an ephemeral port of 127.0.0.1 and returns the port (0 on failure).
+uint16_t bindLoopback(int fd) {
+    sockaddr_in local{};
+    local.sin_family = AF_INET;
+    local.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(local);
+    auto* address = reinterpret_cast<sockaddr*>(&local);  // NOLINT: the socket API's own cast
+    if (fd < 0 || ::bind(fd, address, size) != 0 || ::getsockname(fd, address, &size) != 0) {
+        return 0;
+    }
+    return ntohs(local.sin_port);
+}
+
 std::string frameOf(const std::string& payload) {
     const auto n = static_cast<uint32_t>(payload.size());
     return std::string{static_cast<char>(n >> 24), static_cast<char>((n >> 16) & 0xFF),
@@ -26,16 +39,10 @@ std::string frameOf(const std::string& payload) {
 
 ScriptedServer::ScriptedServer(ServerScript script)
     : mScript(std::move(script)), mListen(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in local{};
-    local.sin_family = AF_INET;
-    local.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof(local);
-    auto* address = reinterpret_cast<sockaddr*>(&local);  // NOLINT: the socket API's own cast
-    if (mListen < 0 || ::bind(mListen, address, size) != 0 || ::listen(mListen, 1) != 0 ||
-        ::getsockname(mListen, address, &size) != 0 || ::pipe2(mWake.data(), O_CLOEXEC) != 0) {
+    mPort = bindLoopback(mListen);
+    if (mPort == 0 || ::listen(mListen, 1) != 0 || ::pipe2(mWake.data(), O_CLOEXEC) != 0) {
         throw std::runtime_error("ScriptedServer: cannot listen on 127.0.0.1");
     }
-    mPort = ntohs(local.sin_port);
     mThread = std::thread([this] { run(); });
 }
 
@@ -182,6 +189,17 @@ void ScriptedServer::run() {
     const std::lock_guard<std::mutex> lock(mMutex);
     mDone = true;
     mDoneCv.notify_all();
+}
+
+ClosedPort::ClosedPort()
+    : mFd(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)), mPort(bindLoopback(mFd)) {
+    if (mPort == 0) {
+        throw std::runtime_error("ClosedPort: cannot reserve a port on 127.0.0.1");
+    }
+}
+
+ClosedPort::~ClosedPort() {
+    ::close(mFd);
 }
 
 }  // namespace support

@@ -102,4 +102,19 @@ private:
     std::thread mThread;
 };
 
+// A port on 127.0.0.1 where nothing listens, reserved for the life of the object (bound, never
+// listening), so a connection attempt to it is refused and no other test can take it.
+class ClosedPort {
+public:
+    ClosedPort();
+    ~ClosedPort();
+    ClosedPort(const ClosedPort&) = delete;
+    ClosedPort& operator=(const ClosedPort&) = delete;
+    [[nodiscard]] uint16_t port() const { return mPort; }
+
+private:
+    int mFd;
+    uint16_t mPort = 0;
+};
+
 }  // namespace support

@@ -1,33 +1,23 @@
 #include "SkillFiles.h"  // same folder: the support library sees only its users' path
 
-#include <filesystem>
-#include <fstream>
-#include <stdexcept>
-
 namespace skilltest {
 
-StepKeys restingStep() {
-    return {
-        {"leftFootParallerGround", "false"},
-        {"rightFootParallerGround", "false"},
-        {"leftRaise2", "false"},
-        {"rightRaise2", "false"},
-        {"precision", "false"},
-        {"Head::Instance", "0 0"},
-        {"Head::PInstance", "1 1"},
-        {"Arm::Left", "0 0 0 0"},
-        {"Arm::PLeft", "1 1 1 1"},
-        {"Arm::Right", "0 0 0 0"},
-        {"Arm::PRight", "1 1 1 1"},
-        {"Leg::Left", "0 0 0 0 0 0"},
-        {"Leg::PLeft", "1 1 1 1 1 1"},
-        {"Leg::Right", "0 0 0 0 0 0"},
-        {"Leg::PRight", "1 1 1 1 1 1"},
-    };
-}
-
 StepKeys step(const StepKeys& changes) {
-    StepKeys keys = restingStep();
+    StepKeys keys;
+    for (const char* flag : {"leftFootParallerGround", "rightFootParallerGround", "leftRaise2",
+                             "rightRaise2", "precision"}) {
+        keys[flag] = "false";
+    }
+    for (const auto& [limb, zeros, ones] : {std::tuple{"Head::Instance", "0 0", "1 1"},
+                                            {"Arm::Left", "0 0 0 0", "1 1 1 1"},
+                                            {"Arm::Right", "0 0 0 0", "1 1 1 1"},
+                                            {"Leg::Left", "0 0 0 0 0 0", "1 1 1 1 1 1"},
+                                            {"Leg::Right", "0 0 0 0 0 0", "1 1 1 1 1 1"}}) {
+        const std::string name = limb;
+        keys[name] =
+            zeros;  // the speeds' key: "P" before the side ("Arm::PLeft", "Head::PInstance")
+        keys[name.substr(0, name.find("::") + 2) + "P" + name.substr(name.find("::") + 2)] = ones;
+    }
     for (const auto& [key, value] : changes) {
         if (value.empty()) {
             keys.erase(key);
@@ -45,30 +35,16 @@ std::string skillText(const std::vector<StepKeys>& steps, int loopStep) {
     for (std::size_t s = 0; s < steps.size(); ++s) {
         text += "\n[Step" + std::to_string(s + 1) + "]\n";
         for (const auto& [key, value] : steps[s]) {
-            text.append(key).append(" = ").append(value).append("\n");
+            text += key + " = " + value + "\n";
         }
     }
     return text;
 }
 
-void writeWholeFile(const std::string& path, const std::string& text) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << text;
-    if (!out) {
-        throw std::runtime_error("cannot write " + path);
-    }
-}
-
-DataTree::DataTree() {
-    std::filesystem::create_directories(dir.path() + "/Data/ConfigurationData");
-    std::filesystem::create_directories(dir.path() + "/Data/SkillData");
-    writeIndex();
-}
-
 void DataTree::addSkill(const std::string& name, const std::string& text) {
     skills.push_back(name);
     if (!text.empty()) {
-        writeWholeFile(skillPath(name), text);
+        dir.write("Data/SkillData/" + name + ".conf", text);
     }
     writeIndex();
 }
@@ -79,11 +55,7 @@ void DataTree::writeIndex() const {
     for (std::size_t i = 0; i < skills.size(); ++i) {
         text += std::to_string(i + 1) + " = " + skills[i] + "\n";
     }
-    writeWholeFile(dir.path() + "/Data/ConfigurationData/Config_FileAddresses.conf", text);
-}
-
-std::string DataTree::skillPath(const std::string& name) const {
-    return dir.path() + "/Data/SkillData/" + name + ".conf";
+    dir.write("Data/ConfigurationData/Config_FileAddresses.conf", text);
 }
 
 }  // namespace skilltest

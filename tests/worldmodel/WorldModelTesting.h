@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/FileHelpers.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogStream.h"
 #include "utilities/logging/Logger.h"

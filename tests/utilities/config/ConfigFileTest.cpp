@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "support/CheckDiagnostic.h"
-#include "support/ScratchDirectory.h"
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/config/Str.h"
 

@@ -4,15 +4,15 @@
 #include <sstream>
 #include <string>
 
-#include "support/FakeTimer.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/logging/LogFile.h"
 #include "utilities/logging/Logger.h"
 
 namespace {
 
+using support::FakeTimer;
 using support::LogString;
 
 struct StampCase {

@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/ClosedPort.h"
-#include "support/FileHelpers.h"
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "support/ScriptedServer.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Logger.h"

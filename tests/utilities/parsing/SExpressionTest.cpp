@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "support/FileHelpers.h"
+#include "support/Files.h"
 #include "utilities/parsing/SExpAtomic.h"
 #include "utilities/parsing/SExpError.h"
 
