@@ -161,12 +161,6 @@ void ScriptedServer::run() {
                 } else {
                     record(Kind::Timeout);
                 }
-            } else if (action.step == Step::ExpectClose) {
-                while (left().count() > 0 && pump(left())) {
-                }
-                if (!mClientClosed) {
-                    record(Kind::Timeout);
-                }
             } else if (action.step == Step::Sleep) {
                 while (left().count() > 0 && pump(left())) {
                 }

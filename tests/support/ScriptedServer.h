@@ -20,8 +20,7 @@ struct ServerScript {
         SendFrame,    // the text framed with the 4-byte big-endian length
         SendRaw,      // the text as is (broken prefixes, frames split at any byte)
         ExpectFrame,  // the client's next frame received after the last send, within the limit
-        ExpectClose,  // the client closing its end, within the limit
-        Sleep,        // a pause, still reading what the client sends
+        Sleep,        // a pause, reading what the client sends; it ends when the client closes
         Close,        // end of stream to the client
         Reset         // abort: the client's next read fails with a connection reset
     };
@@ -35,9 +34,6 @@ struct ServerScript {
     ServerScript& sendRaw(std::string bytes) { return add(Step::SendRaw, bytes); }
     ServerScript& expectFrame(Millis limit = Millis(3000)) {
         return add(Step::ExpectFrame, "", limit);
-    }
-    ServerScript& expectClose(Millis limit = Millis(3000)) {
-        return add(Step::ExpectClose, "", limit);
     }
     ServerScript& sleep(Millis limit) { return add(Step::Sleep, "", limit); }
     ServerScript& close() { return add(Step::Close); }

@@ -103,22 +103,6 @@ TEST_F(WorldModelTest, LogsEveryMessageOnMain) {
               "---------------------------------------\tPlayModeT: 0\n");
 }
 
-TEST_F(WorldModelTest, RecordsMessagesForReplayOnlyWhenOnline) {
-    std::ostringstream recording;
-    logger.add("MainOff", new LogStream(&recording, nullptr), false);
-    {
-        WorldModel wm;
-        ASSERT_TRUE(wm.update(sample(1)));
-        EXPECT_EQ(recording.str(), "");
-    }
-    setConfig("ServerInitialize", "Server", "OfflinePlaying", "false");
-    WorldModel wm;
-    ASSERT_TRUE(wm.update(sample(1)));
-    EXPECT_FALSE(wm.update("(time (now 6.10)"));  // a dropped message is recorded as received
-    ASSERT_TRUE(wm.update(sample(2)));
-    EXPECT_EQ(recording.str(), sample(1) + "\n(time (now 6.10)\n" + sample(2) + "\n");
-}
-
 TEST_F(WorldModelTest, NonNumbersReadAsZero) {
     WorldModel wm;
     feedSample(wm, 2);

@@ -104,20 +104,4 @@ TEST(SExpressionTest, GrammarAndItsErrors) {
     }
 }
 
-TEST(SExpressionTest, EveryCutOrDroppedParenthesisOfAServerMessageIsRejected) {
-    const std::vector<std::string> messages = fixtureMessages();
-    const std::string wrapped = "(" + messages.at(0) + ")";
-    for (std::size_t length = 0; length < wrapped.length(); ++length) {
-        const std::string condition = failedCondition(wrapped.substr(0, length));
-        EXPECT_TRUE(condition == "i < value.length()" || condition == "value[pos] == '('")
-            << "cut at " << length << ": '" << condition << "'";
-    }
-    for (std::size_t i = 1; i + 1 < wrapped.length(); ++i) {
-        if (wrapped[i] == '(' || wrapped[i] == ')') {
-            EXPECT_NE(failedCondition(wrapped.substr(0, i) + wrapped.substr(i + 1)), "")
-                << "dropped at " << i;
-        }
-    }
-}
-
 }  // namespace
