@@ -3,7 +3,6 @@
 #include "agent/AgentModel.h"
 
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 
 #include <csignal>
 #include <string>
@@ -11,7 +10,6 @@
 
 #include "body/Body.h"
 #include "support/Files.h"
-#include "support/ScriptedServer.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogFile.h"
 #include "utilities/logging/Logger.h"

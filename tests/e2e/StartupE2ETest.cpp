@@ -19,7 +19,7 @@ const std::string kBinary = std::string(KORVEL_BINARY_DIR) + "/korvel";
 const std::string kOk = "[\033[0;32m   OK   \033[0;39m]\n";
 
 struct PlayerRun {
-    int exitCode = -1;
+    int exitCode;
     std::string out;
     std::string err;
 };

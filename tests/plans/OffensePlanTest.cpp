@@ -28,15 +28,6 @@ protected:
     std::unique_ptr<Command> attack(bool track = true) {
         return cycle<OffensePlan>("Offense", track);
     }
-
-    static bool isWalkMarker(float m) {
-        for (unsigned int s = 0; s < motiontest::stepCount("Walk"); ++s) {
-            if (m == marker("Walk", s)) {
-                return true;
-            }
-        }
-        return false;
-    }
 };
 
 TEST_F(OffensePlanTest, FallWhileDashingStartsOneStandUp) {

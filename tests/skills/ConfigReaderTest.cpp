@@ -47,12 +47,6 @@ protected:
     skilltest::DataTree tree;
 };
 
-void expectJoint(const HingeJointCommand& joint, float target, float speed, float precision) {
-    EXPECT_EQ(joint.getJointTargetAlphaValue(), target) << joint.getJointName();
-    EXPECT_EQ(joint.getJointVelocityValue(), speed) << joint.getJointName();
-    EXPECT_EQ(joint.getPrecision(), precision) << joint.getJointName();
-}
-
 TEST_F(ConfigReaderTest, ReadsEveryLimbIntoItsJoints) {
     const auto frames = framesOf({step({
         {"precision", "true 2.5"},
@@ -68,30 +62,27 @@ TEST_F(ConfigReaderTest, ReadsEveryLimbIntoItsJoints) {
         {"Leg::PRight", "6 5 4 3 2 1"},
     })});
     ASSERT_EQ(frames.size(), 1U);
-    Command& frame = *frames[0];
+    const Command& frame = *frames[0];
     EXPECT_TRUE(frame.isPrecision());
     EXPECT_EQ(frame.getPrecisionValue(), 2.5F);
     EXPECT_TRUE(frame.isSendCommand());
-    expectJoint(frame.getHeadCommand().getHingeJointCommand(0), -30, 2, 2.5F);
-    expectJoint(frame.getHeadCommand().getHingeJointCommand(1), 15, 3, 2.5F);
-    const float leftArm[] = {-90, 10, 20, -30};
-    const float rightArm[] = {-91, -10, -20, 30};
-    for (unsigned int j = 0; j < 4; ++j) {
-        expectJoint(frame.getLeftArmCommand().getHingeJointCommand(j), leftArm[j],
-                    static_cast<float>(j + 4), 2.5F);
-        expectJoint(frame.getRightArmCommand().getHingeJointCommand(j), rightArm[j],
-                    static_cast<float>(j + 1), 2.5F);
-    }
-    const float leftLeg[] = {-1, 2, 30, -60, 30, -2};
-    const float rightLeg[] = {-3, -4, 31, -61, 29, 4};
-    for (unsigned int j = 0; j < 6; ++j) {
-        expectJoint(frame.getLeftLegCommand().getHingeJointCommand(j), leftLeg[j],
-                    static_cast<float>(j + 1), 2.5F);
-        expectJoint(frame.getRightLegCommand().getHingeJointCommand(j), rightLeg[j],
-                    static_cast<float>(6 - j), 2.5F);
-        EXPECT_EQ(frame.getLeftLegCommand().getHingeJointCommand(j).getJointCurrentAlphaValue(),
-                  0.0F);
-    }
+    // Each joint's target and speed, "target/speed" in the file's order; every precision 2.5.
+    const auto joints = [](const auto& limb, unsigned int count) {
+        std::string text;
+        for (unsigned int j = 0; j < count; ++j) {
+            const HingeJointCommand& joint = limb.getHingeJointCommand(j);
+            EXPECT_EQ(joint.getPrecision(), 2.5F) << joint.getJointName();
+            EXPECT_EQ(joint.getJointCurrentAlphaValue(), 0.0F) << joint.getJointName();
+            text += std::to_string(static_cast<int>(joint.getJointTargetAlphaValue())) + "/" +
+                    std::to_string(static_cast<int>(joint.getJointVelocityValue())) + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(joints(frame.getHeadCommand(), 2), "-30/2 15/3 ");
+    EXPECT_EQ(joints(frame.getLeftArmCommand(), 4), "-90/4 10/5 20/6 -30/7 ");
+    EXPECT_EQ(joints(frame.getRightArmCommand(), 4), "-91/1 -10/2 -20/3 30/4 ");
+    EXPECT_EQ(joints(frame.getLeftLegCommand(), 6), "-1/1 2/2 30/3 -60/4 30/5 -2/6 ");
+    EXPECT_EQ(joints(frame.getRightLegCommand(), 6), "-3/6 -4/5 31/4 -61/3 29/2 4/1 ");
 }
 
 // A bad skill file stops the reader with one diagnostic line naming the file, group, key and what
