@@ -63,22 +63,47 @@ def locate(tree, fault):
 
 
 def copy_tree(work, rev):
-    tree = os.path.join(work, "tree")
-    if os.path.isdir(tree):
-        shutil.rmtree(tree)
+    """The tree to test under work/tree. Only files whose content changed are written (with a new
+    time stamp), so a rebuild after an earlier run, which may have stopped on a fault, recompiles
+    exactly what differs from the objects built then."""
+    stage, tree = os.path.join(work, "stage"), os.path.join(work, "tree")
+    if os.path.isdir(stage):
+        shutil.rmtree(stage)
+    os.makedirs(stage)
     if rev:
-        os.makedirs(tree)
         archive = subprocess.run(["git", "archive", rev], cwd=ROOT, check=True,
                                  capture_output=True).stdout
-        subprocess.run(["tar", "-x", "-C", tree], input=archive, check=True)
-        return tree
-    listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=ROOT,
-                            check=True, capture_output=True).stdout.decode().split("\0")
-    for name in filter(None, listed):
-        source = os.path.join(ROOT, name)
-        if os.path.isfile(source):
-            os.makedirs(os.path.dirname(os.path.join(tree, name)), exist_ok=True)
-            shutil.copy2(source, os.path.join(tree, name))
+        subprocess.run(["tar", "-x", "-C", stage], input=archive, check=True)
+    else:
+        listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=ROOT,
+                                check=True, capture_output=True).stdout.decode().split("\0")
+        for name in filter(None, listed):
+            if os.path.isfile(os.path.join(ROOT, name)):
+                os.makedirs(os.path.dirname(os.path.join(stage, name)), exist_ok=True)
+                shutil.copy2(os.path.join(ROOT, name), os.path.join(stage, name))
+    wanted = set()
+    for folder, _, files in os.walk(stage):
+        for file in files:
+            name = os.path.relpath(os.path.join(folder, file), stage)
+            wanted.add(name)
+            source, target = os.path.join(stage, name), os.path.join(tree, name)
+            with open(source, "rb") as new:
+                content = new.read()
+            if os.path.isfile(target) and not os.path.islink(target):
+                with open(target, "rb") as old:
+                    if old.read() == content:
+                        continue
+            os.makedirs(os.path.dirname(target), exist_ok=True)
+            if os.path.islink(source):
+                shutil.copy2(source, target, follow_symlinks=False)
+            else:
+                shutil.copyfile(source, target)
+                shutil.copymode(source, target)
+    for folder, _, files in os.walk(tree):
+        for file in files:
+            if os.path.relpath(os.path.join(folder, file), tree) not in wanted:
+                os.remove(os.path.join(folder, file))
+    shutil.rmtree(stage)
     return tree
 
 
