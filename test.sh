@@ -19,3 +19,4 @@ JOBS=$jobs scripts/tidy.sh build-asan
 build-asan/korvel-check Data
 # Arbitrary bytes into the message parser and the world model for a bounded time (clang build).
 fuzz/run.sh
+scripts/test-ratio.sh

@@ -3,16 +3,13 @@
 #include "agent/AgentModel.h"
 
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 
 #include <csignal>
 #include <string>
 #include <vector>
 
 #include "body/Body.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
-#include "support/ScriptedServer.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogFile.h"
 #include "utilities/logging/Logger.h"
@@ -71,71 +68,6 @@ TEST_F(AgentModelTest, HeadSweepsSevenDegreesACycleAndTurnsBackWhenThePanEntersA
     EXPECT_FLOAT_EQ(targets[49], -98.0F);
 }
 
-TEST_F(AgentModelTest, BandEdgesAreInclusive) {
-    for (float edge : {100.0F, 130.0F}) {
-        AgentModel::resetState();
-        AgentModel agent;
-        WorldModel world;
-        setPan(world, edge);
-        EXPECT_FLOAT_EQ(agent.headDecision(&world), 7.0F);
-        EXPECT_EQ(AgentModel::flag, 0) << "pan " << edge;
-        EXPECT_FLOAT_EQ(agent.headDecision(&world), 0.0F);
-    }
-    AgentModel::resetState();
-    AgentModel agent;
-    WorldModel world;
-    setPan(world, 99.9F);
-    agent.headDecision(&world);
-    EXPECT_EQ(AgentModel::flag, 1);
-    setPan(world, 130.1F);  // jumped across the band: no reversal
-    agent.headDecision(&world);
-    EXPECT_EQ(AgentModel::flag, 1);
-
-    AgentModel::flag = 0;
-    for (float edge : {-100.0F, -130.0F}) {
-        AgentModel::flag = 0;
-        setPan(world, edge);
-        agent.headDecision(&world);
-        EXPECT_EQ(AgentModel::flag, 1) << "pan " << edge;
-    }
-}
-
-TEST_F(AgentModelTest, FallenRobotLooksStraightAheadButTheSweepStillTurns) {
-    // The real session: the robot falls after its joints start flailing.
-    const std::vector<std::string> messages = support::ServerScript::readMessages(
-        std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
-    const std::string data = std::string(KORVEL_SOURCE_DIR) + "/Data/ConfigurationData/";
-    for (const char* name : {"ServerInitialize", "WorldModelParameters"}) {
-        config.add(name, data + name + ".conf");
-    }
-    WorldModel world;
-    size_t i = 0;
-    while (i < messages.size() && !world.isFallen()) {
-        world.update(messages[i++]);
-    }
-    ASSERT_TRUE(world.isFallen()) << "the recording never shows a fall";
-
-    AgentModel agent;
-    AgentModel::headValue = 42.0F;
-    setPan(world, 110.0F);
-    EXPECT_EQ(agent.headDecision(&world), 0.0F);
-    EXPECT_EQ(AgentModel::flag, 0);
-    EXPECT_EQ(agent.headDecision(&world), 0.0F);
-}
-
-TEST_F(AgentModelTest, RolesWithoutAPlanGiveNoCommand) {
-    AgentModel agent;
-    WorldModel world;
-    EXPECT_EQ(agent.planAct(0, &world), nullptr);
-    EXPECT_EQ(agent.planAct(4, &world), nullptr);
-    EXPECT_EQ(agent.planAct(-1, &world), nullptr);
-}
-
-TEST_F(AgentModelTest, AsksForInterruptKillQuitFaultAndTerminate) {
-    AgentModel agent;
-    EXPECT_EQ(agent.signalsMask(), 122);
-}
-
 // A "Main" stream without stamps in a temporary file, so lines can be compared byte for byte.
 class AgentSignalDeathTest : public AgentModelTest {
 protected:
@@ -172,27 +104,6 @@ TEST_F(AgentSignalDeathTest, TerminationSignalsLogTheirLineAndExitWithStatusOne)
         },
         ::testing::ExitedWithCode(1), "");
     EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Killed!\n");
-}
-
-TEST_F(AgentSignalDeathTest, AMemoryFaultLogsAndExitsWithStatusFive) {
-    EXPECT_EXIT(
-        {
-            openMain();
-            AgentModel agent;
-            agent.initialize();
-            void* page = mmap(nullptr, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-            *static_cast<volatile int*>(page) = 1;
-        },
-        ::testing::ExitedWithCode(5), "");
-    EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Segmentation Violation!\n");
-}
-
-TEST_F(AgentSignalDeathTest, AlarmLogsTwoLinesAndKeepsRunning) {
-    openMain();
-    AgentModel agent;
-    EXPECT_TRUE(agent.sigAlrmHandler());
-    Logger::resetState();  // closes the file
-    EXPECT_EQ(mainLog(), "This is very good.\nDECISON: SIGNAL: Alarm!\n");
 }
 
 }  // namespace

@@ -11,9 +11,8 @@
 #include "agent/AgentModel.h"
 #include "agent/ProcessState.h"
 #include "agent/Startup.h"
-#include "support/FakeTimer.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogStream.h"
 #include "utilities/logging/Logger.h"
@@ -52,7 +51,7 @@ protected:
         config["ServerInitialize"]["Public"].add("UniformNum", GetParam());
         std::ostringstream log;
         std::ostringstream recorded;
-        const FakeTimer timer;
+        const support::FakeTimer timer(0);
         logger.add("Main", new LogStream(&log, &timer), true);
         logger.add("MainOff", new LogStream(&recorded, &timer), false);
 

@@ -3,18 +3,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <regex>
 #include <string>
-#include <vector>
 
-#include "support/CheckDiagnostic.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
-#include "utilities/Basics.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Logger.h"
 
@@ -62,20 +56,10 @@ protected:
                         "\n[Connection]\nHostName = 127.0.0.1\nPort = 3100\n");
     }
 
-    static std::string loadLine(const std::string& name) {
-        return basics::statusLine(
-            " Loading Config_FileAdresses File: ./Data/ConfigurationData/" + name + ".conf", true);
-    }
-
     static std::string initializeQuietly() {
         testing::internal::CaptureStdout();
         ConfigInitializing();
         return testing::internal::GetCapturedStdout();
-    }
-
-    static bool discards(const std::string& name) {
-        const auto& streams = logger.getLogStreams().getStreams();
-        return streams.count(name) == 1 && streams.at(name)->getOut() == nullptr;
     }
 
     support::ScratchDirectory dir;
@@ -92,7 +76,6 @@ TEST_F(StartupTest, LoadsTheIndexedFilesInOrderWithAStatusLineEach) {
 
     const std::string out = initializeQuietly();
 
-    EXPECT_EQ(out, loadLine("Second") + loadLine("First"));
     EXPECT_EQ(out, " Loading Config_FileAdresses File: ./Data/ConfigurationData/Second.conf" +
                        std::string(29, ' ') +
                        "[\033[0;32m   OK   \033[0;39m]\n"
@@ -102,55 +85,6 @@ TEST_F(StartupTest, LoadsTheIndexedFilesInOrderWithAStatusLineEach) {
     EXPECT_EQ(config["Second"]["G"]["k"].asString(), "second");
     EXPECT_FALSE(config.exists("Third"));
     EXPECT_EQ(config["Config_FileAdresses"]["ConfigurationDataFileName"]["3"].asString(), "Third");
-}
-
-TEST_F(StartupTest, CountOfZeroOrLessLoadsNothing) {
-    writeConfig("Config_FileAddresses",
-                "[DefultSet]\nConfigurationDataFileCount = -1\n"
-                "[ConfigurationDataFileName]\n1 = Missing\n");
-    EXPECT_EQ(initializeQuietly(), "");
-    EXPECT_FALSE(config.exists("Missing"));
-}
-
-const char* const kReadFile = "virtual void ConfigFile::readFile(const std::string&)";
-
-TEST_F(StartupTest, MissingIndexStops) {
-    EXPECT_EXIT(
-        ConfigInitializing(), testing::ExitedWithCode(EXIT_FAILURE),
-        support::checkDiagnosticPattern(
-            "Config", kReadFile, "fin",
-            "file \"./Data/ConfigurationData/Config_FileAddresses.conf\" cannot be opened"));
-}
-
-TEST_F(StartupTest, UnreadableListedFileStops) {
-    writeConfig("Config_FileAddresses",
-                "[DefultSet]\nConfigurationDataFileCount = 2\n"
-                "[ConfigurationDataFileName]\n1 = Present\n2 = Absent\n");
-    writeConfig("Present", "[G]\nk = v\n");
-    EXPECT_EXIT(initializeQuietly(), testing::ExitedWithCode(EXIT_FAILURE),
-                support::checkDiagnosticPattern(
-                    "Config", kReadFile, "fin",
-                    "file \"./Data/ConfigurationData/Absent.conf\" cannot be opened"));
-}
-
-TEST_F(StartupTest, MalformedListedFileStopsNamingFileAndLine) {
-    writeConfig("Config_FileAddresses",
-                "[DefultSet]\nConfigurationDataFileCount = 1\n"
-                "[ConfigurationDataFileName]\n1 = Broken\n");
-    writeConfig("Broken", "# fine\n[G]\nk = v\n[H\n");
-    EXPECT_EXIT(
-        initializeQuietly(), testing::ExitedWithCode(EXIT_FAILURE),
-        support::checkDiagnosticPattern("Config", kReadFile, "line[ve] == ']'",
-                                        "file \"./Data/ConfigurationData/Broken.conf\", line 4"));
-}
-
-TEST_F(StartupTest, MissingNumberedKeyStops) {
-    writeConfig("Config_FileAddresses",
-                "[DefultSet]\nConfigurationDataFileCount = 2\n"
-                "[ConfigurationDataFileName]\n1 = Present\n");
-    writeConfig("Present", "[G]\nk = v\n");
-    EXPECT_EXIT(initializeQuietly(), testing::ExitedWithCode(EXIT_FAILURE),
-                "it != values.end\\(\\)");
 }
 
 TEST_F(StartupTest, MainIsStampedAndMainOffRecordsRawLines) {
@@ -179,58 +113,6 @@ TEST_F(StartupTest, DirectoryWithoutFinalSlashGivesTheSameFiles) {
     EXPECT_TRUE(fs::exists(dir.path() + "/Logs/Korvel-7.log"));
     EXPECT_TRUE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));  // always number 1
     EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-7.log.offline"));
-}
-
-TEST_F(StartupTest, SwitchedOffLogsDiscard) {
-    writeLoggerSetup("./Logs/", false, false, false);
-    initializeQuietly();
-    LoggersInitializing(1);
-    EXPECT_TRUE(discards("Main"));
-    EXPECT_TRUE(discards("MainOff"));
-    EXPECT_TRUE(logger["Main"].getShowBeginEnd());
-    EXPECT_TRUE(fs::is_empty(dir.path() + "/Logs"));
-}
-
-TEST_F(StartupTest, ReplayNeverRecordsItself) {
-    writeLoggerSetup("./Logs/", true, true, true);
-    initializeQuietly();
-    LoggersInitializing(1);
-    EXPECT_FALSE(discards("Main"));
-    EXPECT_TRUE(discards("MainOff"));
-    EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));
-}
-
-TEST_F(StartupTest, OfflineOptionSuppressesTheRecording) {
-    writeLoggerSetup("./Logs/", true, true, false);
-    initializeQuietly();
-    std::string program = "korvel";
-    std::string option = "--offline";
-    std::vector<char*> argv{program.data(), option.data()};
-    ASSERT_TRUE(
-        config["ServerInitialize"].setByArguments(2, argv.data(), config["LoggerInitialize"]));
-    LoggersInitializing(1);
-    EXPECT_TRUE(discards("MainOff"));
-    EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));
-}
-
-TEST_F(StartupTest, RecordingOnlyWithoutTheMainLog) {
-    writeLoggerSetup("./Logs/", false, true, false);
-    initializeQuietly();
-    LoggersInitializing(1);
-    EXPECT_TRUE(discards("Main"));
-    EXPECT_FALSE(discards("MainOff"));
-    EXPECT_FALSE(fs::exists(dir.path() + "/Logs/Korvel-1.log"));
-    EXPECT_TRUE(fs::exists(dir.path() + "/Logs/Korvel-1.log.offline"));
-}
-
-TEST_F(StartupTest, UncreatableDirectoryIsNotReported) {
-    writeLoggerSetup("./missing/parent/", true, true, false);
-    initializeQuietly();
-    testing::internal::CaptureStderr();
-    LoggersInitializing(1);
-    logger["Main"] << "lost" << std::endl;
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    EXPECT_FALSE(fs::exists(dir.path() + "/missing"));
 }
 
 }  // namespace

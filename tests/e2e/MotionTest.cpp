@@ -13,7 +13,7 @@
 #include "RealServer.h"
 #include "Trials.h"
 #include "agent/Startup.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogDevNull.h"
 #include "utilities/logging/Logger.h"
@@ -48,7 +48,7 @@ TEST_P(MotionTest, MeetsItsTargetInOneTrial) {
     }
     support::ScratchDirectory dir;
     const realserver::ServerProcess simulation(server, dir.path(), agentPort, monitorPort, true);
-    const int probe = realserver::connectWithin(agentPort, std::chrono::seconds(30));
+    const int probe = realserver::connectLocal(agentPort, std::chrono::seconds(30));
     ASSERT_GE(probe, 0) << "the server did not open port " << agentPort;
     close(probe);
     // The player's start-up would not do more: the shipped Data tree, no log files.

@@ -9,69 +9,58 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 #include <thread>
 
-#include "support/FileHelpers.h"
+#include "support/Files.h"
 
 namespace fs = std::filesystem;
 
 void PlayerProcess::prepareRunDirectory(const std::string& dir) {
-    const fs::path data = fs::path(dir) / "Data";
-    fs::create_directories(data);
+    const fs::path source = fs::path(KORVEL_SOURCE_DIR) / "Data";
     fs::create_directories(fs::path(dir) / "LogFiles");
-    fs::copy(fs::path(KORVEL_SOURCE_DIR) / "Data" / "ConfigurationData", data / "ConfigurationData",
+    fs::create_directories(fs::path(dir) / "Data");
+    fs::copy(source / "ConfigurationData", fs::path(dir) / "Data" / "ConfigurationData",
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    const fs::path skills = data / "SkillData";
-    if (!fs::exists(skills)) {
-        fs::create_directory_symlink(fs::path(KORVEL_SOURCE_DIR) / "Data" / "SkillData", skills);
+    if (!fs::exists(fs::path(dir) / "Data" / "SkillData")) {
+        fs::create_directory_symlink(source / "SkillData", fs::path(dir) / "Data" / "SkillData");
     }
 }
 
-void PlayerProcess::setConfigValue(const std::string& dir, const std::string& configuration,
+void PlayerProcess::setConfigValue(const std::string& dir, const std::string& file,
                                    const std::string& group, const std::string& key,
                                    const std::string& value) {
-    const std::string path = dir + "/Data/ConfigurationData/" + configuration + ".conf";
-    std::ifstream in(path);
-    std::ostringstream out;
-    std::string line;
+    const std::string path = dir + "/Data/ConfigurationData/" + file + ".conf";
+    std::string text;
     std::string currentGroup;
     bool done = false;
-    while (std::getline(in, line)) {
-        const auto first = line.find_first_not_of(" \t");
-        if (first != std::string::npos && line[first] == '[') {
-            currentGroup = line.substr(first + 1, line.find(']') - first - 1);
-        } else if (!done && currentGroup == group && first != std::string::npos) {
-            const auto end = line.find_first_of(" \t=", first);
-            if (line.substr(first, end - first) == key) {
-                line = key;
-                line.append(" = ").append(value);
-                done = true;
-            }
+    for (std::string line : support::readLines(path)) {
+        if (line.rfind('[', 0) == 0) {
+            currentGroup = line.substr(1, line.find(']') - 1);
+        } else if (!done && currentGroup == group &&
+                   line.substr(0, line.find_first_of(" =")) == key) {
+            line = key + " = " + value;
+            done = true;
         }
-        out << line << '\n';
+        text += line + '\n';
     }
     if (!done) {
         throw std::runtime_error("no key " + key + " in [" + group + "] of " + path);
     }
-    std::ofstream(path, std::ios::trunc) << out.str();
+    std::ofstream(path, std::ios::trunc) << text;
 }
 
-PlayerProcess::PlayerProcess(const std::string& dir, const std::vector<std::string>& arguments)
-    : dir(dir) {
-    const std::string binary = std::string(KORVEL_BINARY_DIR) + "/korvel";
-    std::vector<std::string> words{binary};
+PlayerProcess::PlayerProcess(std::string runDir, const std::vector<std::string>& arguments)
+    : dir(std::move(runDir)) {
+    std::vector<std::string> words{std::string(KORVEL_BINARY_DIR) + "/korvel"};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
-    argv.reserve(words.size() + 1);
     for (std::string& word : words) {
         argv.push_back(word.data());
     }
     argv.push_back(nullptr);
     const std::string out = dir + "/stdout.txt";
     const std::string err = dir + "/stderr.txt";
-
     child = fork();
     if (child == 0) {
         const int outFd = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
@@ -83,7 +72,7 @@ PlayerProcess::PlayerProcess(const std::string& dir, const std::vector<std::stri
         dup2(errFd, STDERR_FILENO);
         // The player does not release its process-wide objects before exiting.
         setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
-        execv(binary.c_str(), argv.data());
+        execv(argv[0], argv.data());
         _exit(127);
     }
     if (child < 0) {
@@ -92,28 +81,21 @@ PlayerProcess::PlayerProcess(const std::string& dir, const std::vector<std::stri
 }
 
 PlayerProcess::~PlayerProcess() {
-    if (running()) {
-        kill(child, SIGKILL);
-        waitpid(child, nullptr, 0);
-    }
+    wait(0);
 }
 
 bool PlayerProcess::running() {
-    if (child <= 0 || status != -1) {
-        return false;
-    }
     int raw = 0;
-    if (waitpid(child, &raw, WNOHANG) == child) {
+    if (status == -1 && child > 0 && waitpid(child, &raw, WNOHANG) == child) {
         status = WIFEXITED(raw) ? WEXITSTATUS(raw) : 128 + WTERMSIG(raw);
-        return false;
     }
-    return true;
+    return status == -1 && child > 0;
 }
 
 int PlayerProcess::wait(int timeoutMs) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
     while (running()) {
-        if (std::chrono::steady_clock::now() > deadline) {
+        if (std::chrono::steady_clock::now() >= deadline) {
             kill(child, SIGKILL);
             waitpid(child, nullptr, 0);
             status = -2;
@@ -128,34 +110,11 @@ void PlayerProcess::signal(int signalNumber) const {
     kill(child, signalNumber);
 }
 
-std::string PlayerProcess::standardOutput() const {
-    return support::readFile(dir + "/stdout.txt");
-}
-
-std::string PlayerProcess::standardError() const {
-    return support::readFile(dir + "/stderr.txt");
-}
-
-std::vector<std::string> PlayerProcess::logLines(const std::string& name) const {
-    return fileLines(dir + "/LogFiles/" + name);
-}
-
-std::vector<std::string> fileLines(const std::string& path) {
-    std::vector<std::string> lines;
-    std::ifstream in(path);
-    std::string line;
-    while (std::getline(in, line)) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 std::vector<std::string> linesFrom(const std::vector<std::string>& lines,
                                    const std::string& marker) {
     std::vector<std::string> found;
     for (const std::string& line : lines) {
-        const auto at = line.find(marker);
-        if (at != std::string::npos) {
+        if (const auto at = line.find(marker); at != std::string::npos) {
             found.push_back(line.substr(at));
         }
     }

@@ -5,40 +5,40 @@
 #include <string>
 #include <vector>
 
+#include "support/Files.h"
+
 // The player binary as built, run as a child process in a run directory of its own, the way the
 // team scripts start it: ./Data (configuration copied so that a test can change it, skill data
-// linked) and ./LogFiles.
+// linked) and ./LogFiles. Its standard output and error go to stdout.txt and stderr.txt there.
 class PlayerProcess {
 public:
-    // Makes `dir` a run directory: Data/ConfigurationData copied from the repository,
-    // Data/SkillData a link to the repository's, an empty LogFiles.
+    // Makes `dir` a run directory.
     static void prepareRunDirectory(const std::string& dir);
-    // Sets `key` in [group] of Data/ConfigurationData/<configuration>.conf under `dir` to `value`
-    // (the key line must exist).
-    static void setConfigValue(const std::string& dir, const std::string& configuration,
+    // Sets `key` of [group] in Data/ConfigurationData/<file>.conf under `dir` (the key must exist).
+    static void setConfigValue(const std::string& dir, const std::string& file,
                                const std::string& group, const std::string& key,
                                const std::string& value);
 
-    // Starts the player in `dir` with these arguments; its standard output and error go to
-    // dir/stdout.txt and dir/stderr.txt.
-    PlayerProcess(const std::string& dir, const std::vector<std::string>& arguments);
+    PlayerProcess(std::string dir, const std::vector<std::string>& arguments);
     PlayerProcess(const PlayerProcess&) = delete;
     PlayerProcess& operator=(const PlayerProcess&) = delete;
-    // Kills the player if it still runs.
-    ~PlayerProcess();
+    ~PlayerProcess();  // kills the player if it still runs
 
-    // Waits up to timeoutMs for the player to end. Returns its exit status, 128 + the signal
-    // number when a signal ended it, or -1 when it still runs after the time (it is then killed).
+    // Waits up to timeoutMs for the end: the exit status, 128 + the signal that ended it, or -1
+    // when it still ran (it is then killed).
     int wait(int timeoutMs);
-    // Whether the process is still running.
     bool running();
     void signal(int signalNumber) const;
-    [[nodiscard]] pid_t pid() const { return child; }
 
-    [[nodiscard]] std::string standardOutput() const;
-    [[nodiscard]] std::string standardError() const;
-    // The lines of dir/LogFiles/<name>.
-    [[nodiscard]] std::vector<std::string> logLines(const std::string& name) const;
+    [[nodiscard]] std::string standardOutput() const {
+        return support::readFile(dir + "/stdout.txt");
+    }
+    [[nodiscard]] std::string standardError() const {
+        return support::readFile(dir + "/stderr.txt");
+    }
+    [[nodiscard]] std::vector<std::string> logLines(const std::string& name) const {
+        return support::readLines(dir + "/LogFiles/" + name);
+    }
 
 private:
     std::string dir;
@@ -46,8 +46,6 @@ private:
     int status = -1;
 };
 
-// The lines of `text` that contain `marker`, from the marker on.
+// Of the lines that contain `marker`, the part from the marker on.
 std::vector<std::string> linesFrom(const std::vector<std::string>& lines,
                                    const std::string& marker);
-// The lines of a file.
-std::vector<std::string> fileLines(const std::string& path);

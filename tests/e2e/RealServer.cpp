@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -59,28 +60,20 @@ std::string findOnPath(const std::string& program) {
     return "";
 }
 
-int connectLocal(int port) {
-    const int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof(address)) != 0) {
-        close(fd);
-        return -1;
-    }
-    return fd;
-}
-
-int connectWithin(int port, std::chrono::seconds limit) {
+int connectLocal(int port, std::chrono::seconds limit) {
     const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (std::chrono::steady_clock::now() < deadline) {
-        const int fd = connectLocal(port);
-        if (fd >= 0) {
+    do {
+        const int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(static_cast<uint16_t>(port));
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        if (connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof(address)) == 0) {
             return fd;
         }
+        close(fd);
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    }
+    } while (std::chrono::steady_clock::now() < deadline);
     return -1;
 }
 
@@ -121,7 +114,12 @@ ServerProcess::~ServerProcess() {
     waitpid(pid, nullptr, 0);
 }
 
-Monitor::Monitor(int fd) : fd(fd), reader([this] { drain(); }) {}
+Monitor::Monitor(int fd)
+    : fd(fd), reader([this] {
+          std::array<char, 65536> buffer{};
+          while (!stop && read(this->fd, buffer.data(), buffer.size()) > 0) {
+          }
+      }) {}
 
 Monitor::~Monitor() {
     stop = true;
@@ -135,12 +133,6 @@ bool Monitor::send(const std::string& text) const {
     std::string frame(reinterpret_cast<const char*>(&length), 4);
     frame += text;
     return write(fd, frame.data(), frame.size()) == static_cast<ssize_t>(frame.size());
-}
-
-void Monitor::drain() const {
-    char buffer[65536];
-    while (!stop && read(fd, buffer, sizeof(buffer)) > 0) {
-    }
 }
 
 }  // namespace realserver

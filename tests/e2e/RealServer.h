@@ -7,15 +7,14 @@
 #include <string>
 #include <thread>
 
-// The real simulation server for the integration tests that need one. They skip when it is not
-// installed: rcssserver3d must be on the PATH.
+// The real simulation server for the tests that need one. They skip when rcssserver3d is not on
+// the PATH.
 namespace realserver {
 
 // The full path of `program` on the PATH, or "".
 std::string findOnPath(const std::string& program);
-// A connected socket to 127.0.0.1:port, or -1; the same retried until `limit` has passed.
-int connectLocal(int port);
-int connectWithin(int port, std::chrono::seconds limit);
+// A socket connected to 127.0.0.1:port, or -1; tried again every 100 ms until `limit` has passed.
+int connectLocal(int port, std::chrono::seconds limit = std::chrono::seconds(0));
 
 // The server as a child process in `dir`, listening on the given ports, stopped (SIGINT, the
 // signal it honours) at the end of the test. Its settings file is a copy of the installed one,
@@ -42,10 +41,9 @@ public:
     Monitor(const Monitor&) = delete;
     Monitor& operator=(const Monitor&) = delete;
     ~Monitor();
-    bool send(const std::string& text) const;
+    [[nodiscard]] bool send(const std::string& text) const;
 
 private:
-    void drain() const;
     int fd;
     std::atomic<bool> stop{false};
     std::thread reader;

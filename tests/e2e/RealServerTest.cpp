@@ -14,24 +14,14 @@
 
 #include "PlayerProcess.h"
 #include "RealServer.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 
 namespace {
 
 using realserver::connectLocal;
-using realserver::connectWithin;
 
 constexpr int kAgentPort = 3100;
 constexpr int kMonitorPort = 3200;
-
-size_t countContaining(const std::vector<std::string>& lines, const std::string& marker) {
-    size_t count = 0;
-    for (const std::string& line : lines) {
-        count += line.find(marker) != std::string::npos ? 1 : 0;
-    }
-    return count;
-}
 
 TEST(RealServerTest, ThreePlayersAnswerEveryCycleForThirtySeconds) {
     const std::string server = realserver::findOnPath("rcssserver3d");
@@ -46,13 +36,13 @@ TEST(RealServerTest, ThreePlayersAnswerEveryCycleForThirtySeconds) {
 
     support::ScratchDirectory dir;
     const realserver::ServerProcess simulation(server, dir.path(), kAgentPort, kMonitorPort, false);
-    const int probe = connectWithin(kAgentPort, std::chrono::seconds(30));
+    const int probe = connectLocal(kAgentPort, std::chrono::seconds(30));
     ASSERT_GE(probe, 0) << "the server did not open port " << kAgentPort;
     close(probe);
 
     std::vector<std::unique_ptr<PlayerProcess>> players;
     for (int number = 1; number <= 3; ++number) {
-        const std::string runDir = (dir.path() + "/" + "player" + std::to_string(number));
+        const std::string runDir = dir.path() + "/player" + std::to_string(number);
         PlayerProcess::prepareRunDirectory(runDir);
         players.push_back(std::make_unique<PlayerProcess>(
             runDir, std::vector<std::string>{"--number", std::to_string(number), "--host",
@@ -62,7 +52,7 @@ TEST(RealServerTest, ThreePlayersAnswerEveryCycleForThirtySeconds) {
     }
     std::this_thread::sleep_for(std::chrono::seconds(2));  // registration and beams
 
-    const int monitorFd = connectWithin(kMonitorPort, std::chrono::seconds(10));
+    const int monitorFd = connectLocal(kMonitorPort, std::chrono::seconds(10));
     ASSERT_GE(monitorFd, 0) << "no monitor port " << kMonitorPort;
     const realserver::Monitor monitor(monitorFd);
     ASSERT_TRUE(monitor.send("(playMode PlayOn)"));
@@ -87,8 +77,8 @@ TEST(RealServerTest, ThreePlayersAnswerEveryCycleForThirtySeconds) {
         size_t turnsFromKickOff = 1;  // the turn of the first acting message
         const std::vector<std::string> rest(log.begin() + static_cast<long>(firstAct) + 1,
                                             log.end());
-        turnsFromKickOff += countContaining(rest, "last pos 5 : ");
-        const size_t acted = countContaining(log, "Message : : : ");
+        turnsFromKickOff += linesFrom(rest, "last pos 5 : ").size();
+        const size_t acted = linesFrom(log, "Message : : : ").size();
         EXPECT_GE(acted + 1, turnsFromKickOff) << "player " << i + 1 << " skipped cycles";
         EXPECT_LE(acted, turnsFromKickOff);
         // 30 s at 50 cycles a second, allowing for a slow start of the simulation.

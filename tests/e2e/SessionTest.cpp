@@ -1,37 +1,48 @@
 // The player binary against the scripted test server on 127.0.0.1: the session start byte for
-// byte, silence before kick-off, one answer per message after it, the head joints, and a clean
-// exit when the link ends or cannot be made.
+// byte, silence before kick-off, one answer per message after it, malformed messages dropped,
+// and the recorded game replayed offline to the same effector texts.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "PlayerProcess.h"
-#include "SessionScript.h"
-#include "support/ClosedPort.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "support/ScriptedServer.h"
 
 using support::Millis;
 using support::ScriptedServer;
 using support::ServerScript;
-using Kind = ScriptedServer::EventKind;
+using Kind = ScriptedServer::Kind;
 
 namespace {
 
-using session::addHandshake;
-using session::describe;
-using session::kFirstPlayOn;
-using session::kHandshakeMessages;
-using session::realSession;
-
 const char kInit[] = "(init (unum 3)(teamname Korvel))";
 const char kBeam[] = "(beam 0.5 -2 90)";
-const char kAllStopped[] =
-    "(he1 0) (he2 0)(rae1 0) (rae2 0) (rae3 0) (rae4 0)(lae1 0) (lae2 0) (lae3 0) (lae4 0)"
-    "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 -0) (rle6 0)"
-    "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 -0) (lle6 0)";
+const char kMessageMarker[] = "Message : : : ";
+// Messages the session start takes: two after the scene, one after the first init, ten
+// answered by beams. The real session's first message of play is its 27th.
+constexpr size_t kHandshake = 13;
+constexpr size_t kFirstPlayOn = 26;
+
+// The first `count` real messages of a recorded session.
+std::vector<std::string> realSession(size_t count) {
+    std::vector<std::string> all =
+        support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
+    all.resize(count);
+    return all;
+}
+
+std::vector<std::string> effectorTexts(const std::vector<std::string>& logLines) {
+    std::vector<std::string> texts;
+    for (const std::string& line : linesFrom(logLines, kMessageMarker)) {
+        texts.push_back(line.substr(std::string(kMessageMarker).size()));
+    }
+    return texts;
+}
 
 class SessionTest : public ::testing::Test {
 protected:
@@ -40,158 +51,128 @@ protected:
         PlayerProcess::setConfigValue(dir.path(), "OffenseParameters", "Initialize", "Beam",
                                       "0.5 -2 90");
     }
-
-    std::vector<std::string> arguments(const ScriptedServer& server) const {
+    [[nodiscard]] std::vector<std::string> online(const ScriptedServer& server) const {
         return {"--number", "3", "--host", "127.0.0.1", "--port", std::to_string(server.port())};
+    }
+    [[nodiscard]] std::string path(const std::string& name) const {
+        return dir.path() + "/" + name;
     }
 
     support::ScratchDirectory dir;
 };
 
-TEST_F(SessionTest, SessionStartSilenceBeforeKickOffThenOneEffectorFramePerMessage) {
-    const std::vector<std::string> messages = realSession();
+// 600 real messages reach into the part where every joint is driven and the robot falls, so
+// walking, falling and standing up are replayed too.
+TEST_F(SessionTest, OnlineGameAnswersEveryTurnOnceAndReplaysOfflineToTheSameTexts) {
+    const std::vector<std::string> messages = realSession(600);
+    const std::vector<std::string> malformed{
+        "(time (now 1.1))(GS (sl 0) (sr 0) (t 0.1) (pm PlayOn)(HJ (n hj1", "#!garbage!#",
+        "(XYZ (q 1))"};
+    // The session start: scene first, two messages, init, one message, init, then ten messages
+    // each answered by a beam. After each expected frame the server listens a little longer.
     ServerScript script;
-    addHandshake(script, messages);
-    // The loop's turns before kick-off: nothing may come back.
-    for (int i = kHandshakeMessages; i < kFirstPlayOn; ++i) {
-        script.sendFrame(messages[i]).sleep(Millis(20));
-    }
-    // After kick-off: exactly one answer per message.
-    constexpr size_t kActing = 20;
-    for (size_t i = kFirstPlayOn; i < kFirstPlayOn + kActing; ++i) {
-        script.sendFrame(messages[i]).expectFrame().sleep(Millis(5));
+    std::vector<ScriptedServer::Event> expected{{Kind::Accepted, ""},
+                                                {Kind::Received, "(scene rsg/agent/nao/nao.rsg)"}};
+    script.expectFrame().sleep(Millis(30));
+    for (size_t i = 0; i < messages.size(); ++i) {
+        script.sendFrame(messages[i]);
+        expected.push_back({Kind::Sent, messages[i]});
+        if (i == 0 || (i >= kHandshake && i < kFirstPlayOn)) {
+            script.sleep(Millis(20));  // no answer may come
+        } else {
+            script.expectFrame().sleep(Millis(i < kHandshake ? 30 : 0));
+            expected.push_back({Kind::Received, i < 3 ? kInit : i < kHandshake ? kBeam : ""});
+        }
+        if (i == kFirstPlayOn + 5) {
+            for (const std::string& bad : malformed) {
+                script.sendFrame(bad).expectFrame();
+                expected.push_back({Kind::Sent, bad});
+                expected.push_back({Kind::Received, ""});
+            }
+        }
     }
     script.close();
     ScriptedServer server(script);
-    PlayerProcess player(dir.path(), arguments(server));
-    ASSERT_TRUE(server.wait(Millis(60000)));
-    EXPECT_EQ(player.wait(20000), 0) << player.standardError();
-
+    {
+        PlayerProcess player(dir.path(), online(server));
+        ASSERT_TRUE(server.wait(Millis(100000)));
+        ASSERT_EQ(player.wait(20000), 0) << player.standardError();
+    }
     const std::vector<ScriptedServer::Event> events = server.events();
-    std::vector<ScriptedServer::Event> expected = session::handshakeEvents(messages, kInit, kBeam);
-    for (int i = kHandshakeMessages; i < kFirstPlayOn; ++i) {
-        expected.push_back({Kind::Sent, messages[i]});
-    }
-    ASSERT_GE(events.size(), expected.size() + 2 * kActing) << describe(events);
+    ASSERT_GE(events.size(), expected.size()) << server.describe();
     for (size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(events[i].kind, expected[i].kind) << "event " << i << "\n" << describe(events);
-        EXPECT_EQ(events[i].data, expected[i].data) << "event " << i;
-    }
-    for (size_t turn = 0; turn < kActing; ++turn) {
-        const auto& sent = events[expected.size() + 2 * turn];
-        const auto& answer = events[expected.size() + 2 * turn + 1];
-        EXPECT_EQ(sent.kind, Kind::Sent) << "turn " << turn;
-        EXPECT_EQ(sent.data, messages[kFirstPlayOn + turn]);
-        ASSERT_EQ(answer.kind, Kind::Received) << "turn " << turn << "\n" << describe(events);
-        EXPECT_EQ(answer.data.rfind("(he1 ", 0), 0u) << answer.data;
-        EXPECT_NE(answer.data.find("(lle6 "), std::string::npos) << answer.data;
+        ASSERT_EQ(events[i].kind, expected[i].kind) << "event " << i << "\n" << server.describe();
+        if (!expected[i].data.empty()) {
+            EXPECT_EQ(events[i].data, expected[i].data) << "event " << i;
+        }
     }
     // Nothing more from the player: only the two ends of the link closing.
-    for (size_t i = expected.size() + 2 * kActing; i < events.size(); ++i) {
-        EXPECT_TRUE(events[i].kind == Kind::ClientClosed || events[i].kind == Kind::Closed)
-            << "event " << i << "\n"
-            << describe(events);
+    for (size_t i = expected.size(); i < events.size(); ++i) {
+        EXPECT_TRUE(events[i].kind == Kind::ClientClosed || events[i].kind == Kind::Closed);
     }
     EXPECT_EQ(events.back().kind, Kind::Closed);
 
+    // The frames after the session start are the effector texts, each also logged.
+    const std::vector<std::string> frames = server.frames();
+    const std::vector<std::string> acted(frames.begin() + kHandshake, frames.end());
+    ASSERT_EQ(acted.size(), messages.size() - kFirstPlayOn + malformed.size());
+    EXPECT_EQ(effectorTexts(support::readLines(path("LogFiles/Korvel-1.log"))), acted);
     // The head: the first acting turn pans at the speed left from before (0, taken as 1 degree
-    // per cycle) towards 7 degrees; later turns at 7 degrees per cycle. The tilt always goes to
-    // -20 degrees at 7 degrees per cycle. The head stands at 0, so both run at full speed. A
-    // frame of a held key frame stops every joint, the head included.
-    for (size_t turn = 0; turn < kActing; ++turn) {
-        const std::string& text = events[expected.size() + 2 * turn + 1].data;
-        if (text == kAllStopped) {
-            continue;
-        }
-        // The head's text ends where the right arm's begins.
+    // per cycle) towards 7 degrees; later turns at 7 degrees per cycle. The tilt goes to -20
+    // degrees at 7 degrees per cycle. A held key frame stops every joint, the head included.
+    for (size_t turn = 0; turn < 20; ++turn) {
         const std::string head =
             turn == 0 ? "(he1 0.872665) (he2 -6.10865)(" : "(he1 6.10865) (he2 -6.10865)(";
-        EXPECT_EQ(text.substr(0, head.size()), head) << "turn " << turn;
-    }
-
-    // Every frame sent is also logged, in order.
-    const std::vector<std::string> logged =
-        linesFrom(player.logLines("Korvel-1.log"), "Message : : : ");
-    ASSERT_EQ(logged.size(), kActing);
-    for (size_t turn = 0; turn < kActing; ++turn) {
-        EXPECT_EQ(logged[turn], "Message : : : " + events[expected.size() + 2 * turn + 1].data);
-    }
-}
-
-TEST_F(SessionTest, MalformedMessageInTheMiddleIsSurvived) {
-    const std::vector<std::string> messages = realSession();
-    ServerScript script;
-    addHandshake(script, messages);
-    for (int i = kHandshakeMessages; i < kFirstPlayOn + 5; ++i) {
-        script.sendFrame(messages[i]).expectFrame(Millis(i < kFirstPlayOn ? 20 : 3000));
-    }
-    // Unbalanced, then not an S-expression at all, then an unknown perceptor.
-    script.sendFrame("(time (now 1.1))(GS (sl 0) (sr 0) (t 0.1) (pm PlayOn)(HJ (n hj1")
-        .sleep(Millis(300));
-    script.sendFrame("#!garbage!#").sleep(Millis(300));
-    script.sendFrame("(XYZ (q 1))").sleep(Millis(300));
-    constexpr size_t kAfter = 5;
-    for (size_t i = kFirstPlayOn + 5; i < kFirstPlayOn + 5 + kAfter; ++i) {
-        script.sendFrame(messages[i]).expectFrame().sleep(Millis(5));
-    }
-    script.close();
-    ScriptedServer server(script);
-    PlayerProcess player(dir.path(), arguments(server));
-    ASSERT_TRUE(server.wait(Millis(60000)));
-    EXPECT_EQ(player.wait(20000), 0) << player.standardError();
-
-    // The messages after the malformed ones are answered, one frame each.
-    const std::vector<ScriptedServer::Event> events = server.events();
-    size_t lastValid = 0;
-    for (size_t i = 0; i < events.size(); ++i) {
-        if (events[i].kind == Kind::Sent && events[i].data == messages[kFirstPlayOn + 5]) {
-            lastValid = i;
+        if (acted[turn] != support::kHeldEffectorText) {
+            EXPECT_EQ(acted[turn].substr(0, head.size()), head) << "turn " << turn;
         }
+        EXPECT_NE(acted[turn].find("(lle6 "), std::string::npos) << acted[turn];
     }
-    ASSERT_GT(lastValid, 0u) << describe(events);
-    for (size_t turn = 0; turn < kAfter; ++turn) {
-        ASSERT_LT(lastValid + 2 * turn + 1, events.size()) << describe(events);
-        EXPECT_EQ(events[lastValid + 2 * turn].kind, Kind::Sent);
-        EXPECT_EQ(events[lastValid + 2 * turn + 1].kind, Kind::Received) << describe(events);
-        EXPECT_EQ(events[lastValid + 2 * turn + 1].data.rfind("(he1 ", 0), 0u);
+    // A malformed message is dropped with a line in the log; the turn goes on with the world
+    // state kept.
+    EXPECT_EQ(linesFrom(support::readLines(path("LogFiles/Korvel-1.log")), "Message dropped"),
+              std::vector<std::string>(
+                  {"Message dropped (last time 1.08, cycle 0.12): unbalanced parentheses: a list "
+                   "is not closed",
+                   "Message dropped (last time 1.08, cycle 0.12): no \"time\"",
+                   "Message dropped (last time 1.08, cycle 0.12): no \"time\""}));
+
+    // The recording holds every message the world model saw: all but the ten answered by beams,
+    // except the one of those that names the side (the first), so that a replay learns it too.
+    const std::vector<std::string> recorded =
+        support::readLines(path("LogFiles/Korvel-1.log.offline"));
+    ASSERT_EQ(recorded.size(), messages.size() - 9 + malformed.size());
+    EXPECT_EQ(recorded[0], messages[0]);
+    EXPECT_EQ(recorded[3], messages[3]);
+    EXPECT_EQ(recorded[4], messages[kHandshake]);
+    EXPECT_EQ(recorded.back(), messages.back());
+
+    std::filesystem::rename(path("LogFiles/Korvel-1.log"), path("online.log"));
+    PlayerProcess replay(dir.path(), {"--number", "3", "--offline"});
+    ASSERT_EQ(replay.wait(60000), 0) << replay.standardError();
+    const std::vector<std::string> replayLog = replay.logLines("Korvel-1.log");
+    EXPECT_EQ(linesFrom(replayLog, "last pos 5 : ").size(), recorded.size()) << "one turn per line";
+    const std::vector<std::string> replayed = effectorTexts(replayLog);
+    ASSERT_EQ(replayed.size(), acted.size());
+    for (size_t i = 0; i < replayed.size(); ++i) {
+        ASSERT_EQ(replayed[i], acted[i]) << "acting turn " << i;
     }
-}
-
-TEST_F(SessionTest, PlayerWithoutServerReportsTheFailureAndExitsZero) {
-    support::ClosedPort closed;
-    const std::string port = std::to_string(closed.port());
-    PlayerProcess player(dir.path(), {"--number", "3", "--host", "127.0.0.1", "--port", port});
-    EXPECT_EQ(player.wait(20000), 0);
-    EXPECT_NE(player.standardOutput().find("Connecting to TCP 127.0.0.1:" + port + "\n"),
-              std::string::npos)
-        << player.standardOutput();
-    EXPECT_NE(player.standardError().find("Connection failed with: 'Connection refused'\n"),
-              std::string::npos)
-        << player.standardError();
-    EXPECT_TRUE(linesFrom(player.logLines("Korvel-1.log"), "Message : : : ").empty());
-}
-
-TEST_F(SessionTest, ServerClosingDuringTheSessionStartEndsThePlayerCleanly) {
-    const std::vector<std::string> messages = realSession();
-    ServerScript script;
-    script.expectFrame().sendFrame(messages[0]).close();
-    ScriptedServer server(script);
-    PlayerProcess player(dir.path(), arguments(server));
-    ASSERT_TRUE(server.wait(Millis(30000)));
-    EXPECT_EQ(player.wait(20000), 0) << player.standardError();
+    // A replay never records itself: the recording is unchanged.
+    EXPECT_EQ(support::readLines(path("LogFiles/Korvel-1.log.offline")), recorded);
 }
 
 TEST_F(SessionTest, BeamWithFewerThanThreeWordsIsAConfigurationError) {
     PlayerProcess::setConfigValue(dir.path(), "OffenseParameters", "Initialize", "Beam", "0.5 -2");
-    const std::vector<std::string> messages = realSession();
-    ServerScript script;
-    script.expectFrame();
-    for (int i = 0; i < 3; ++i) {
-        script.sendFrame(messages[i]);
-    }
-    script.expectFrame().expectFrame().expectClose();
-    ScriptedServer server(script);
-    PlayerProcess player(dir.path(), arguments(server));
+    const std::vector<std::string> messages = realSession(3);
+    ScriptedServer server(ServerScript()
+                              .expectFrame()
+                              .sendFrame(messages[0])
+                              .sendFrame(messages[1])
+                              .sendFrame(messages[2])
+                              .expectFrame()
+                              .expectFrame()
+                              .sleep(Millis(5000)));  // until the player ends
+    PlayerProcess player(dir.path(), online(server));
     ASSERT_TRUE(server.wait(Millis(30000)));
     EXPECT_EQ(player.wait(20000), 1);
     EXPECT_NE(player.standardError().find(
@@ -200,9 +181,29 @@ TEST_F(SessionTest, BeamWithFewerThanThreeWordsIsAConfigurationError) {
               std::string::npos)
         << player.standardError();
     // Registered twice, never beamed.
-    const std::vector<std::string> frames = server.frames();
-    ASSERT_EQ(frames.size(), 3u);
-    EXPECT_EQ(frames[2], kInit);
+    EXPECT_EQ(server.frames(),
+              std::vector<std::string>({"(scene rsg/agent/nao/nao.rsg)", kInit, kInit}));
+}
+
+TEST_F(SessionTest, UniformNumberWithoutARoleHoldsItsPosture) {
+    const std::vector<std::string> messages = realSession(30);
+    std::ofstream recording(path("LogFiles/Korvel-1.log.offline"));
+    for (size_t i = kFirstPlayOn; i < messages.size(); ++i) {
+        recording << messages[i] << '\n';
+    }
+    recording.close();
+    PlayerProcess player(dir.path(), {"--number", "4", "--offline"});
+    ASSERT_EQ(player.wait(30000), 0) << player.standardError();
+    const std::vector<std::string> texts = effectorTexts(player.logLines("Korvel-1.log"));
+    ASSERT_EQ(texts.size(), 4u);
+    // Every body joint at rest; only the head moves (pan at 1 degree per cycle in the first turn,
+    // at 7 from the second on; tilt towards -20 degrees).
+    const std::string body =
+        "(rae1 0) (rae2 0) (rae3 0) (rae4 0)(lae1 0) (lae2 0) (lae3 0) (lae4 0)"
+        "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 0) (rle6 0)"
+        "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 0) (lle6 0)(Say )";
+    EXPECT_EQ(texts[0], "(he1 0.872665) (he2 -6.10865)" + body);
+    EXPECT_EQ(texts[1], "(he1 6.10865) (he2 -6.10865)" + body);
 }
 
 }  // namespace

@@ -1,19 +1,15 @@
 // Runs the built player from a copy of the repository's Data tree and checks what a user sees.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <regex>
 #include <string>
 #include <vector>
 
-#include "support/CheckDiagnostic.h"
-#include "support/ClosedPort.h"
-#include "support/FileHelpers.h"
-#include "support/ScratchDirectory.h"
+#include "PlayerProcess.h"
+#include "support/Expected.h"
+#include "support/Files.h"
+#include "support/ScriptedServer.h"
 
 namespace {
 
@@ -23,40 +19,16 @@ const std::string kBinary = std::string(KORVEL_BINARY_DIR) + "/korvel";
 const std::string kOk = "[\033[0;32m   OK   \033[0;39m]\n";
 
 struct PlayerRun {
-    int exitCode = -1;  // -1 when the process did not exit normally
+    int exitCode;
     std::string out;
     std::string err;
 };
 
-// Runs the player in `workDir` with `args`, its standard output and error in files.
+// Runs the player in `workDir` with `args` to its end.
 PlayerRun runPlayer(const std::string& workDir, const std::vector<std::string>& args) {
-    const std::string outPath = workDir + "/.stdout";
-    const std::string errPath = workDir + "/.stderr";
-    const pid_t pid = fork();
-    if (pid == 0) {
-        const int out = open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        if (out < 0 || err < 0 || dup2(out, 1) < 0 || dup2(err, 2) < 0 ||
-            chdir(workDir.c_str()) != 0) {
-            _exit(127);
-        }
-        std::vector<char*> argv;
-        std::vector<std::string> all{kBinary};
-        all.insert(all.end(), args.begin(), args.end());
-        for (auto& arg : all) {
-            argv.push_back(arg.data());
-        }
-        argv.push_back(nullptr);
-        execv(kBinary.c_str(), argv.data());
-        _exit(127);
-    }
-    int status = 0;
-    waitpid(pid, &status, 0);
-    PlayerRun run;
-    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    run.out = support::readFile(outPath);
-    run.err = support::readFile(errPath);
-    return run;
+    PlayerProcess player(workDir, args);
+    const int status = player.wait(20000);
+    return {status, player.standardOutput(), player.standardError()};
 }
 
 std::string statusLine(const std::string& name) {
@@ -79,10 +51,7 @@ std::string allStatusLines() {
 
 class StartupE2ETest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        fs::copy(std::string(KORVEL_SOURCE_DIR) + "/Data", dir.path() + "/Data",
-                 fs::copy_options::recursive);
-    }
+    void SetUp() override { PlayerProcess::prepareRunDirectory(dir.path()); }
     support::ScratchDirectory dir;
 };
 
@@ -95,21 +64,13 @@ std::string sessionLines(const support::ClosedPort& closed) {
 
 const char kRefused[] = "Connection failed with: 'Connection refused'\n";
 
-TEST_F(StartupE2ETest, LoadsEveryConfigurationFileAndCreatesTheLogs) {
-    const support::ClosedPort closed;
-    const PlayerRun run = runPlayer(dir.path(), {"--port", std::to_string(closed.port())});
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.out, allStatusLines() + sessionLines(closed));
-    EXPECT_EQ(run.err, kRefused);
-    EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log"));
-    EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log.offline"));
-}
-
-TEST_F(StartupE2ETest, PlayerPortOptionPrintsTheUsageText) {
+// An unknown option (the usage text names --player-port, the player takes --port) prints the
+// usage text; start-up goes on.
+TEST_F(StartupE2ETest, LoadsEveryConfigurationFileCreatesTheLogsAndPrintsTheUsageText) {
     const support::ClosedPort closed;
     const PlayerRun run =
         runPlayer(dir.path(), {"--port", std::to_string(closed.port()), "--player-port", "3100"});
-    EXPECT_EQ(run.exitCode, 0);  // start-up goes on after a bad option
+    EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.out, allStatusLines() + "Usage : " + kBinary +
                            " [Options]\n"
                            "Options :\n"
@@ -125,40 +86,8 @@ TEST_F(StartupE2ETest, PlayerPortOptionPrintsTheUsageText) {
                            "  --number pnum             : Set player number\n" +
                            sessionLines(closed));
     EXPECT_EQ(run.err, kRefused);
-}
-
-TEST_F(StartupE2ETest, OfflineOptionRecordsNothing) {
-    const PlayerRun run = runPlayer(dir.path(), {"--offline"});
-    EXPECT_EQ(run.exitCode, 0);
-    // Offline the connection object is only created to be deleted: it never connects.
-    EXPECT_EQ(run.out, allStatusLines() + "Closing Connection to 127.0.0.1:3100\n");
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log"));
-    EXPECT_FALSE(fs::exists(dir.path() + "/LogFiles/Korvel-1.log.offline"));
-}
-
-TEST_F(StartupE2ETest, BrokenConfigurationLineStopsWithOneDiagnosticLine) {
-    const std::string path = dir.path() + "/Data/ConfigurationData/WorldModelParameters.conf";
-    std::string text = support::readFile(path);
-    const std::string good = "Width = 20";
-    const auto at = text.find(good);
-    ASSERT_NE(at, std::string::npos);
-    text.replace(at, good.size(), "Width 20");  // the "=" is missing
-    dir.write("Data/ConfigurationData/WorldModelParameters.conf", text);
-    int lineNumber = 1;
-    for (std::string::size_type i = 0; i < at; ++i) {
-        lineNumber += text[i] == '\n' ? 1 : 0;
-    }
-
-    const PlayerRun run = runPlayer(dir.path(), {});
-    EXPECT_NE(run.exitCode, 0);
-    EXPECT_EQ(run.out, statusLine("LoggerInitialize") + statusLine("ServerInitialize"));
-    const std::string diagnostic = support::checkDiagnosticPattern(
-        "Config", "virtual void ConfigFile::readFile(const std::string&)",
-        "qpos != string::npos && qpos < cpos",
-        "file \"./Data/ConfigurationData/WorldModelParameters.conf\", line " +
-            std::to_string(lineNumber));
-    EXPECT_TRUE(std::regex_search(run.err, std::regex(diagnostic, std::regex::extended)))
-        << run.err;
+    EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log.offline"));
 }
 
 TEST_F(StartupE2ETest, MissingConfigurationFileStopsAfterTheFilesBeforeIt) {

@@ -6,19 +6,19 @@
 // taken from there.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "PlayerProcess.h"
-#include "SessionScript.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 #include "support/ScriptedServer.h"
 
 using support::Millis;
 using support::ScriptedServer;
 using support::ServerScript;
-using Kind = ScriptedServer::EventKind;
+using Kind = ScriptedServer::Kind;
 
 namespace {
 
@@ -26,10 +26,57 @@ namespace {
 // through its whole joint range and falls.
 constexpr size_t kMessages = 500;
 
+const char kScene[] = "(scene rsg/agent/nao/nao.rsg)";
+// Messages the session start takes: two after the scene, one after the first init, ten
+// answered by beams.
+constexpr size_t kHandshake = 13;
+
 std::vector<std::string> realSession() {
-    std::vector<std::string> all = session::realSession();
+    std::vector<std::string> all =
+        support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
     all.resize(std::min(kMessages, all.size()));
     return all;
+}
+
+// The session start: scene, two messages, init, one message, init, ten messages each answered
+// by a beam.
+void addHandshake(ServerScript& script, const std::vector<std::string>& messages) {
+    const Millis settle(30);
+    script.expectFrame().sleep(settle);
+    script.sendFrame(messages[0]).sendFrame(messages[1]).expectFrame().sleep(settle);
+    script.sendFrame(messages[2]).expectFrame().sleep(settle);
+    for (size_t i = 3; i < kHandshake; ++i) {
+        script.sendFrame(messages[i]).expectFrame().sleep(settle);
+    }
+}
+
+std::vector<ScriptedServer::Event> handshakeEvents(const std::vector<std::string>& messages,
+                                                   const std::string& init,
+                                                   const std::string& beam) {
+    std::vector<ScriptedServer::Event> events{{Kind::Accepted, ""},      {Kind::Received, kScene},
+                                              {Kind::Sent, messages[0]}, {Kind::Sent, messages[1]},
+                                              {Kind::Received, init},    {Kind::Sent, messages[2]},
+                                              {Kind::Received, init}};
+    for (size_t i = 3; i < kHandshake; ++i) {
+        events.push_back({Kind::Sent, messages[i]});
+        events.push_back({Kind::Received, beam});
+    }
+    return events;
+}
+
+// The whole game: the session start, then every message, answered once play is on.
+ServerScript game(const std::vector<std::string>& messages) {
+    ServerScript script;
+    addHandshake(script, messages);
+    for (size_t i = kHandshake; i < messages.size(); ++i) {
+        if (messages[i].find("(pm BeforeKickOff)") != std::string::npos) {
+            script.sendFrame(messages[i]).sleep(Millis(20));
+        } else {
+            script.sendFrame(messages[i]).expectFrame();
+        }
+    }
+    script.close();
+    return script;
 }
 
 void replaceAll(std::string& text, const std::string& from, const std::string& to) {
@@ -75,7 +122,7 @@ protected:
                                   std::vector<std::string> arguments) {
         const support::ScratchDirectory dir;
         PlayerProcess::prepareRunDirectory(dir.path());
-        ScriptedServer server(session::game(messages));
+        ScriptedServer server(game(messages));
         arguments.insert(arguments.end(),
                          {"--host", "127.0.0.1", "--port", std::to_string(server.port())});
         PlayerProcess player(dir.path(), arguments);
@@ -99,7 +146,7 @@ TEST_F(TeamSideTest, TheTeamNameGoesIntoBothInitMessages) {
         const support::ScratchDirectory dir;
         PlayerProcess::prepareRunDirectory(dir.path());
         ServerScript script;
-        session::addHandshake(script, messages);
+        addHandshake(script, messages);
         script.close();
         ScriptedServer server(script);
         std::vector<std::string> arguments = c.arguments;
@@ -110,8 +157,8 @@ TEST_F(TeamSideTest, TheTeamNameGoesIntoBothInitMessages) {
         EXPECT_EQ(player.wait(20000), 0) << player.standardError();
         const std::vector<ScriptedServer::Event> events = server.events();
         const std::vector<ScriptedServer::Event> expected =
-            session::handshakeEvents(messages, c.init, "(beam -9 1.5 0)");
-        ASSERT_GE(events.size(), expected.size()) << session::describe(events);
+            handshakeEvents(messages, c.init, "(beam -9 1.5 0)");
+        ASSERT_GE(events.size(), expected.size()) << server.describe();
         for (size_t i = 0; i < expected.size(); ++i) {
             EXPECT_EQ(events[i].kind, expected[i].kind) << c.init << ", event " << i;
             EXPECT_EQ(events[i].data, expected[i].data) << c.init << ", event " << i;
@@ -124,13 +171,13 @@ TEST_F(TeamSideTest, ATeamNameThatIsNotOneAtomStopsThePlayerBeforeItRegisters) {
     const support::ScratchDirectory dir;
     PlayerProcess::prepareRunDirectory(dir.path());
     ServerScript script;
-    script.expectFrame().sendFrame(messages[0]).sendFrame(messages[1]).expectClose();
+    script.expectFrame().sendFrame(messages[0]).sendFrame(messages[1]).sleep(Millis(5000));
     ScriptedServer server(script);
     PlayerProcess player(dir.path(), {"--number", "3", "--team", "Bad)Name", "--host", "127.0.0.1",
                                       "--port", std::to_string(server.port())});
     ASSERT_TRUE(server.wait(Millis(30000)));
     EXPECT_EQ(player.wait(20000), 1);
-    EXPECT_EQ(server.frames(), std::vector<std::string>{session::kScene});
+    EXPECT_EQ(server.frames(), std::vector<std::string>{kScene});
     EXPECT_NE(player.standardError().find(
                   "check \"isTeamName(TeamName)\" failed (configuration \"ServerInitialize\", "
                   "group \"Public\", key \"TeamName\" is \"Bad)Name\": a team name is one word of "

@@ -13,22 +13,14 @@ class DefencePlanTest : public plantest::PlanFixture {};
 
 TEST_F(DefencePlanTest, FirstCycleIsAlreadyASideStepTowardsTheBall) {
     scene.x = -8.0F;
-    scene.y = 0.0F;
-    scene.ballX = -3.0F;
-    scene.ballY = 1.2F;
-    cycle<DefencePlan>("Defence");
-    EXPECT_FALSE(DefencePlan::first);
-    EXPECT_EQ(BasicStyle::getConfigSkill().getCurrentSkillName(), "Style");  // taken, overridden
-    EXPECT_EQ(BasicSideWalk::getSideWalkSide(), "LeftSideWalk");
-    EXPECT_EQ(lastMarker, marker("LeftSideWalk", 0));
-}
-
-TEST_F(DefencePlanTest, EffectorTextOfTheFirstSideStep) {
-    scene.x = -8.0F;
     scene.ballX = -3.0F;
     scene.ballY = 1.2F;
     const auto command = cycle<DefencePlan>("Defence");
     ASSERT_NE(command, nullptr);
+    EXPECT_FALSE(DefencePlan::first);
+    EXPECT_EQ(BasicStyle::getConfigSkill().getCurrentSkillName(), "Style");  // taken, overridden
+    EXPECT_EQ(BasicSideWalk::getSideWalkSide(), "LeftSideWalk");
+    EXPECT_EQ(lastMarker, marker("LeftSideWalk", 0));
     // Standing with every joint at 0: only lae1 moves, by half of its 51 degrees to go.
     EXPECT_EQ(command->toString(),
               "(he1 0) (he2 0)"

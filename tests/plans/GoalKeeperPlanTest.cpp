@@ -66,49 +66,6 @@ TEST_F(GoalKeeperPlanTest, LeftSideDivesBelowMinusFive) {
     EXPECT_EQ(GoalKeeperPlan::name, "sideWalk");
 }
 
-TEST_F(GoalKeeperPlanTest, RightSideDivesBelowPlusFive) {
-    scene.side = 2;
-    scene.x = 14.0F;
-    scene.heading = 180.0F;
-    auto c = keep(3.0F, 0.4F);
-    EXPECT_EQ(GoalKeeperPlan::name, "div");
-    EXPECT_EQ(rightFoot(*c), 30.0F);
-    c = keep(6.0F, 0.4F);
-    EXPECT_EQ(GoalKeeperPlan::name, "sideWalk");
-    EXPECT_EQ(BasicSideWalk::getSideWalkSide(), "RightSideWalk");
-}
-
-// A ball never seen lies at the field's centre, exactly on y = 0: below the dive limit of a
-// keeper on the right side (+5).
-TEST_F(GoalKeeperPlanTest, BallExactlyOnTheMiddleLineKeepsThePreviousSubBehaviour) {
-    scene.side = 2;
-    scene.x = 14.0F;
-    scene.heading = 180.0F;
-    scene.ballSeen = false;
-    keep(0.0F, 0.0F);  // nothing chosen before: the keeper side-steps to the middle
-    EXPECT_EQ(GoalKeeperPlan::name, "sideWalk");
-
-    scene.ballSeen = true;
-    auto c = keep(3.0F, -0.4F);
-    ASSERT_EQ(GoalKeeperPlan::name, "div");
-    ASSERT_EQ(leftFoot(*c), -30.0F);
-
-    // A fresh world model has not seen the ball: the dive in progress goes on to the left.
-    WorldModel fresh;
-    scene.ballSeen = false;
-    scene.time += 0.02F;
-    fresh.update(motiontest::message(scene));
-    GoalKeeperPlan plan("Goalie", &fresh);
-    plan.decide();
-    ASSERT_EQ(plan.getBallY(), 0.0F);
-    ASSERT_LT(plan.getBallX(), 5.0F);
-    const std::unique_ptr<Command> held(plan.getCommand());
-    ASSERT_NE(held, nullptr);
-    EXPECT_EQ(GoalKeeperPlan::name, "div");
-    EXPECT_EQ(leftFoot(*held), -30.0F);
-    EXPECT_EQ(rightFoot(*held), 0.0F);
-}
-
 TEST_F(GoalKeeperPlanTest, FallenKeeperGetsUpOnlyAfterTwentySeconds) {
     scene.time = 50.0F;
     keep(-6.0F, 0.4F);  // dives; the fall check starts both clocks now
@@ -136,16 +93,6 @@ TEST_F(GoalKeeperPlanTest, FallenKeeperGetsUpOnlyAfterTwentySeconds) {
     EXPECT_EQ(GoalKeeperPlan::name, "standup");
     EXPECT_EQ(LeftDiv::getTime(), wm.getTime());
     EXPECT_EQ(BasicStandUp::getConfigSkill().getCurrentSkillName(), "BackStandUp");
-}
-
-TEST_F(GoalKeeperPlanTest, FinishedStandUpChoosesAfreshInTheSameCycle) {
-    keep(-3.0F, 1.0F);
-    GoalKeeperPlan::name = "standup";
-    // Play the stand-up to its end; the cycle in which it reports finished side-steps.
-    BasicStandUp::getConfigSkill().setCurrentSkillName("Stop");
-    BasicStandUp::getConfigSkill().setFinishedSkill(true);
-    keep(-3.0F, 1.0F);
-    EXPECT_EQ(GoalKeeperPlan::name, "sideWalk");
 }
 
 }  // namespace

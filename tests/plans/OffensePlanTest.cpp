@@ -28,40 +28,7 @@ protected:
     std::unique_ptr<Command> attack(bool track = true) {
         return cycle<OffensePlan>("Offense", track);
     }
-
-    static bool isWalkMarker(float m) {
-        for (unsigned int s = 0; s < motiontest::stepCount("Walk"); ++s) {
-            if (m == marker("Walk", s)) {
-                return true;
-            }
-        }
-        return false;
-    }
 };
-
-TEST_F(OffensePlanTest, FirstCycleIsOneStyleStepThenTheDashBegins) {
-    attack();
-    EXPECT_FALSE(OffensePlan::first);
-    EXPECT_EQ(OffensePlan::name, "");
-    EXPECT_EQ(lastMarker, marker("Style", 0));
-    EXPECT_FALSE(DashNormalGotoPoint::isFirstFinished());
-
-    attack(false);
-    EXPECT_EQ(OffensePlan::name, "dash");
-    EXPECT_EQ(OffensePlan::mPoint, math::Point(100.0F, 0.0F, 0.0F));
-    EXPECT_EQ(BasicDash::getConfigSkill().getCurrentSkillName(), "Walk");
-    EXPECT_EQ(lastMarker, marker("Walk", 0));
-}
-
-TEST_F(OffensePlanTest, OnTheRightSideTheTargetIsMinusOneHundred) {
-    scene.side = 2;
-    scene.x = 2.0F;
-    scene.heading = 180.0F;
-    attack();
-    attack();
-    EXPECT_EQ(OffensePlan::mPoint, math::Point(-100.0F, 0.0F, 0.0F));
-    EXPECT_EQ(OffensePlan::name, "dash");
-}
 
 TEST_F(OffensePlanTest, FallWhileDashingStartsOneStandUp) {
     attack();
@@ -80,29 +47,6 @@ TEST_F(OffensePlanTest, FallWhileDashingStartsOneStandUp) {
     EXPECT_EQ(OffensePlan::name, "standup");
     EXPECT_EQ(BasicStandUp::getConfigSkill().getCurrentSkillName(), "FrontStandUp");
     EXPECT_EQ(lastMarker, marker("FrontStandUp", 1));
-}
-
-TEST_F(OffensePlanTest, FinishedStandUpResetsDashAndKickAndWalks) {
-    attack();
-    attack();
-    scene.fallen = true;
-    attack();
-    ASSERT_EQ(OffensePlan::name, "standup");
-    scene.fallen = false;
-    // A kick left half-way, to see the reset.
-    BasicKick::getConfigSkill().setCurrentSkillName("LeftKick");
-    BasicKick::getConfigSkill().setFinishedSkill(true);
-    DashNormalGotoPoint::setActionBoolean(true);
-    int cycles = 0;
-    while (OffensePlan::name == "standup" && cycles < 20) {
-        attack();
-        ++cycles;
-    }
-    ASSERT_EQ(OffensePlan::name, "dash");
-    EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "@");
-    EXPECT_FALSE(BasicKick::getConfigSkill().isFinished());
-    EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
-    EXPECT_TRUE(isWalkMarker(lastMarker)) << lastMarker;
 }
 
 TEST_F(OffensePlanTest, KicksWhenCloseBehindTheBallFacingTheOpponents) {
@@ -130,36 +74,37 @@ TEST_F(OffensePlanTest, KicksWhenCloseBehindTheBallFacingTheOpponents) {
     EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "@");
 }
 
-TEST_F(OffensePlanTest, NoKickFromBesideOrInFrontOfTheBallOrFacingAway) {
-    attack();
-    struct Case {
-        float ballDx;
-        float ballDy;
-        float heading;
-    };
-    for (const Case c : {Case{0.5F, 0.0F, 0.0F},      // too far
-                         Case{-0.2F, 0.0F, 0.0F},     // the ball is behind the robot
-                         Case{0.1F, 0.25F, 0.0F},     // beside the ball
-                         Case{0.2F, 0.0F, 90.0F}}) {  // facing the touch line
-        scene.ballX = scene.x + c.ballDx;
-        scene.ballY = scene.y + c.ballDy;
-        scene.heading = c.heading;
-        attack();
-        EXPECT_EQ(OffensePlan::name, "dash") << c.ballDx << " " << c.ballDy << " " << c.heading;
-    }
-}
+struct KickCase {
+    int side;
+    float ahead, across;  // ball from the robot along and across the attack direction, metres
+    float heading;        // body direction, degrees
+    bool kick;
+};
 
-TEST_F(OffensePlanTest, KickPositionUsesTheAttackDirectionOfTheSide) {
-    scene.side = 2;
-    scene.x = 2.0F;
-    scene.heading = 180.0F;
-    scene.ballX = 1.8F;
-    scene.ballY = 0.0F;
-    perceive();
-    EXPECT_TRUE(OffensePlan::isKickPosition(wm));
-    scene.ballX = 2.2F;
-    perceive();
-    EXPECT_FALSE(OffensePlan::isKickPosition(wm));
+// Kick only from at most 0.35 m behind the ball, at most 30 degrees off the attack direction,
+// facing at most 45 degrees away from it.
+TEST_F(OffensePlanTest, KickPosition) {
+    const KickCase cases[] = {
+        {1, 0.2F, 0.0F, 0.0F, true},   {1, 0.2F, 0.0F, 45.0F, true},
+        {1, 0.2F, 0.0F, -45.0F, true}, {1, 0.2F, 0.0F, 46.0F, false},
+        {1, 0.0F, 0.0F, 0.0F, false},  {1, -0.2F, 0.0F, 0.0F, false},
+        {1, 0.36F, 0.0F, 0.0F, false}, {1, 0.1F, 0.25F, 0.0F, false},
+        {1, 0.2F, 0.1F, 0.0F, true},   {2, 0.2F, 0.0F, 180.0F, true},
+        {2, 0.2F, 0.0F, 225.0F, true}, {2, 0.0F, 0.0F, 180.0F, false},
+        {2, 0.2F, 0.0F, 0.0F, false},
+    };
+    for (const KickCase& c : cases) {
+        scene.side = c.side;
+        perceive();
+        const math::Vector3<float> ball = wm.getBall()->getPosition();
+        const float sign = c.side == 2 ? -1.0F : 1.0F;
+        wm.setSelf()->setPosition(
+            math::Vector3<float>(ball.x - sign * c.ahead, ball.y - sign * c.across, 0.0F));
+        wm.setSelf()->setBodyDirection(c.heading);
+        EXPECT_EQ(OffensePlan::isKickPosition(wm), c.kick)
+            << "side " << c.side << ", ball " << c.ahead << " ahead, " << c.across
+            << " across, heading " << c.heading;
+    }
 }
 
 }  // namespace

@@ -15,7 +15,7 @@
 #include "skills/dash/BasicDash.h"
 #include "skills/kick/BasicKick.h"
 #include "skills/sidewalk/BasicSideWalk.h"
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 
 namespace {

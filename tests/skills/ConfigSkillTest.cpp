@@ -3,13 +3,14 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <tuple>
 
-#include "SkillDataWriter.h"
 #include "body/Body.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
-#include "support/FileHelpers.h"
+#include "support/Files.h"
+#include "support/SkillFiles.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/Debugger.h"
 #include "utilities/logging/Logger.h"
@@ -39,11 +40,6 @@ std::string effectorText(const std::map<std::string, std::string>& values) {
     }
     return text + "(Say )";
 }
-
-const std::string kHeldText =
-    "(he1 0) (he2 0)(rae1 0) (rae2 0) (rae3 0) (rae4 0)(lae1 0) (lae2 0) (lae3 0) (lae4 0)"
-    "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 -0) (rle6 0)"
-    "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 -0) (lle6 0)";
 
 class ConfigSkillTest : public ::testing::Test {
 protected:
@@ -148,26 +144,22 @@ TEST_F(ConfigSkillTest, TwoStepSkillPlaysFrameByFrameAndLoops) {
     }
 }
 
-TEST_F(ConfigSkillTest, StepIndexIsSharedByEveryPlayer) {
-    addTwoStepSkill(tree);
+TEST_F(ConfigSkillTest, AFinishedSkillStartsAgainAtItsLoopStep) {
+    for (const unsigned int loopStep : {1U, 2U, 3U}) {
+        tree.addSkill(
+            "Loop" + std::to_string(loopStep),
+            skilltest::skillText({step({}), step({}), step({})}, static_cast<int>(loopStep)));
+    }
     load();
-    setAngle(body().getLeftArm(), 0, 10.0F);
-    play("Two");
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
-    ConfigSkill other;
-    EXPECT_EQ(other.getConfigCommandSkill("Two", &agent)->toString(),
-              effectorText({{"lae1", "-0.872665"}, {"rle4", "-3.49066"}}));
-    ConfigSkill::setCurrentConfigStepNumber(0);
-    EXPECT_EQ(other.getConfigCommandSkill("Two", &agent)->getLoopStepNumber(), 0U);
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
-}
-
-TEST_F(ConfigSkillTest, HeadFarFromItsTargetDoesNotHoldTheSkillBack) {
-    tree.addSkill("Look",
-                  skilltest::skillText({step({{"Head::Instance", "90 -40"}}), step({})}, 1));
-    load();
-    play("Look");
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
+    for (const unsigned int loopStep : {1U, 2U, 3U}) {
+        const std::string name = "Loop" + std::to_string(loopStep);
+        ConfigSkill::setCurrentConfigStepNumber(0);
+        for (int call = 0; call < 3; ++call) {
+            play(name);  // the body is at every target: one step a call
+        }
+        EXPECT_TRUE(player.isFinished()) << name;
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), loopStep - 1) << name;
+    }
 }
 
 TEST_F(ConfigSkillTest, KeyFrameIsReachedWithinItsPrecision) {
@@ -181,142 +173,16 @@ TEST_F(ConfigSkillTest, KeyFrameIsReachedWithinItsPrecision) {
         skilltest::skillText(
             {step({{"Leg::Left", "0 0 30 0 0 0"}, {"Leg::PLeft", "1 1 3 1 1 1"}}), step({})}, 1));
     load();
-    const std::pair<const char*, float> cases[] = {
-        {"Loose", 25.1F}, {"Loose", 34.9F}, {"Tight", 29.95F}, {"Tight", 30.05F}};
-    for (const auto& [name, angle] : cases) {
+    // Reached: the next step is due at once; missed: the step is held.
+    const std::tuple<const char*, float, unsigned int> cases[] = {
+        {"Loose", 25.1F, 1}, {"Loose", 34.9F, 1}, {"Tight", 29.95F, 1}, {"Tight", 30.05F, 1},
+        {"Loose", 24.9F, 0}, {"Loose", 35.1F, 0}, {"Tight", 29.85F, 0}, {"Tight", 30.15F, 0}};
+    for (const auto& [name, angle, next] : cases) {
         ConfigSkill::setCurrentConfigStepNumber(0);
         setAngle(body().getLeftLeg(), 2, angle);
         play(name);
-        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U) << name << " at " << angle;
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), next) << name << " at " << angle;
     }
-    const std::pair<const char*, float> misses[] = {
-        {"Loose", 24.9F}, {"Loose", 35.1F}, {"Tight", 29.85F}, {"Tight", 30.15F}};
-    for (const auto& [name, angle] : misses) {
-        ConfigSkill::setCurrentConfigStepNumber(0);
-        setAngle(body().getLeftLeg(), 2, angle);
-        play(name);
-        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U) << name << " at " << angle;
-    }
-}
-
-TEST_F(ConfigSkillTest, NothingToPlayGivesAHeldCommandAndKeepsTheStep) {
-    addTwoStepSkill(tree);
-    load();
-    ConfigSkill::setCurrentConfigStepNumber(1);
-    Command* command = play("Nope");
-    ASSERT_NE(command, nullptr);
-    EXPECT_FALSE(command->isSendCommand());
-    EXPECT_EQ(command->toString(), kHeldText);
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
-    EXPECT_EQ(player.getConfigCommandSkillSize(), 0U);
-    EXPECT_FALSE(player.isFinished());
-
-    // A step index left over from a longer skill.
-    ConfigSkill::setCurrentConfigStepNumber(5);
-    command = play("Two");
-    EXPECT_EQ(command->toString(), kHeldText);
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 5U);
-    EXPECT_EQ(player.getConfigLoopStepNumber(), 0U);
-    // The held command is the player's own: the key frames are untouched.
-    ConfigReader::Database database = ConfigReader::instance()->getConfigSkillCommandDataBase();
-    for (Command* frame : database["Two"]) {
-        EXPECT_TRUE(frame->isSendCommand());
-    }
-}
-
-TEST_F(ConfigSkillTest, TurnOverrideDrivesBothLegRotationsOnStepsThreeToFive) {
-    tree.addSkill("Turn", skilltest::skillText(
-                              {step({}), step({}), step({}), step({}), step({}), step({})}, 1));
-    load();
-    ConfigSkill::setCurrentConfigStepNumber(2);
-    Command* command = player.getConfigCommandSkill("Turn", &agent, 20.0F);
-    EXPECT_EQ(command->getLeftLegCommand().getRotationCommand().getJointTargetAlphaValue(), 0.0F);
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 3U);  // step 3 was at rest: reached
-
-    for (unsigned int k = 3; k <= 5; ++k) {
-        ConfigSkill::setCurrentConfigStepNumber(k);
-        command = player.getConfigCommandSkill("Turn", &agent, 20.0F);
-        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), k);  // 30 degrees away: not reached
-        EXPECT_EQ(player.getTurnValue(), 20.0F);
-        for (LegCommand* leg : {&command->getLeftLegCommand(), &command->getRightLegCommand()}) {
-            EXPECT_EQ(leg->getRotationCommand().getJointTargetAlphaValue(), 30.0F);
-            EXPECT_EQ(leg->getRotationCommand().getJointVelocityValue(), 3.0F);
-            EXPECT_EQ(leg->getRotationCommand().getPrecision(), 0.1F);
-        }
-        EXPECT_EQ(command->toString(), effectorText({{"lle1", "2.61799"}, {"rle1", "2.61799"}}));
-    }
-    // Without the angle the stored key frame keeps the override.
-    ConfigSkill::setCurrentConfigStepNumber(4);
-    EXPECT_EQ(play("Turn")->getRightLegCommand().getRotationCommand().getJointTargetAlphaValue(),
-              30.0F);
-}
-
-TEST_F(ConfigSkillTest, StepCorrectionsRewriteTheLegTargets) {
-    tree.addSkill(
-        "Lift",
-        skilltest::skillText(
-            {step({{"leftRaise2", "true 25 4"}, {"rightFootParallerGround", "true 3"}}), step({})},
-            1));
-    load();
-    setAngle(body().getRightLeg(), 1, 10.0F);  // right hip X keeps step 1 from being reached
-    Command* command = play("Lift");
-    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U);
-    EXPECT_EQ(command->getLeftLegCommand().getHipYCommand().getJointTargetAlphaValue(), 25.0F);
-    EXPECT_EQ(command->getLeftLegCommand().getKneeCommand().getJointTargetAlphaValue(), -25.0F);
-    EXPECT_NEAR(command->getRightLegCommand().getFootYCommand().getJointTargetAlphaValue(), -10.0F,
-                1e-4);
-    EXPECT_EQ(command->getRightLegCommand().getFootYCommand().getPrecision(), 0.01F);
-    EXPECT_EQ(command->toString(), effectorText({{"lle3", "3.49066"},
-                                                 {"lle4", "-3.49066"},
-                                                 {"rle2", "-0.872665"},
-                                                 {"rle6", "-2.61799"}}));
-}
-
-TEST_F(ConfigSkillTest, WaitHoldsTheKeyFrameUntilItsTimeHasPassed) {
-    tree.addSkill(
-        "Hold", skilltest::skillText(
-                    {step({{"wait", "0.5"}, {"Arm::Left", "10 0 0 0"}, {"Arm::PLeft", "5 1 1 1"}}),
-                     step({})},
-                    1));
-    load();
-    WorldModel wm;
-    wm.setTime(10.0F);
-    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(), kHeldText);
-    EXPECT_EQ(Command::time, 10.0F);
-    wm.setTime(10.48F);
-    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(), kHeldText);
-    wm.setTime(10.5F);
-    EXPECT_EQ(player.getConfigCommandSkill("Hold", &wm)->toString(),
-              effectorText({{"lae1", "4.36332"}}));
-}
-
-TEST_F(ConfigSkillTest, WithoutAWorldModelTheWaitIsNotApplied) {
-    tree.addSkill(
-        "Hold", skilltest::skillText(
-                    {step({{"wait", "0.5"}, {"Arm::Left", "10 0 0 0"}, {"Arm::PLeft", "5 1 1 1"}}),
-                     step({})},
-                    1));
-    load();
-    EXPECT_EQ(play("Hold")->toString(), effectorText({{"lae1", "4.36332"}}));
-    EXPECT_EQ(Command::time, -1.0F);
-}
-
-TEST_F(ConfigSkillTest, WritesItsProgressToTheMainLog) {
-    addTwoStepSkill(tree);
-    load();
-    std::ostringstream log;
-    Debugger::logger.add("Main", new LogStream(&log, nullptr), false);
-    setAngle(body().getLeftArm(), 0, 10.0F);
-    play("Two");
-    play("Nope");
-    EXPECT_EQ(log.str(),
-              "mCurrentSkillName : Two\n"
-              " size : 2\n"
-              " NamE: Two\n"
-              "mCurrentConfigStepNumber : 1\n"
-              "lle5 current : 0\n"
-              "mCurrentSkillName : Nope\n"
-              " size : 0\n");
 }
 
 }  // namespace

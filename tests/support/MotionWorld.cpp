@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "ScratchDirectory.h"
+#include "SkillFiles.h"
 #include "agent/ProcessState.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
@@ -79,86 +79,57 @@ const TestSkill& find(const std::string& name) {
     throw std::invalid_argument("no test skill " + name);
 }
 
-std::string repeat(const std::string& word, int n) {
-    std::string out;
-    for (int i = 0; i < n; ++i) {
-        out += (i == 0 ? "" : " ") + word;
-    }
-    return out;
-}
-
-void writeFile(const std::filesystem::path& path, const std::string& text) {
-    std::ofstream out(path);
-    out << text;
-    if (!out) {
-        throw std::runtime_error("cannot write " + path.string());
-    }
-}
-
+// The steps of a test skill: every joint at 0 but lae1 at the step's marker, every speed kSpeed.
 std::string skillFile(const TestSkill& skill) {
-    std::ostringstream out;
-    const std::string speed = std::to_string(static_cast<int>(kSpeed));
-    out << "# test skill " << skill.name << "\n[DefaultSet]\nStepCount = " << skill.steps
-        << "\nLoopStepNumber = " << skill.loop << "\n";
+    const std::string v = std::to_string(static_cast<int>(kSpeed));
+    const std::string two = v + " " + v;
+    const std::string four = two + " " + two;
+    std::vector<skilltest::StepKeys> steps;
     for (unsigned int s = 0; s < skill.steps; ++s) {
-        out << "\n[Step" << s + 1 << "]\n"
-            << "leftFootParallerGround = false\nrightFootParallerGround = false\n"
-            << "leftRaise2 = false\nrightRaise2 = false\nprecision = false\n"
-            << "Head::Instance = 0 0\nHead::PInstance = " << repeat(speed, 2) << "\n"
-            << "Arm::Left = " << skill.base + static_cast<float>(s + 1) << " 0 0 0\n"
-            << "Arm::PLeft = " << repeat(speed, 4) << "\n"
-            << "Arm::Right = 0 0 0 0\nArm::PRight = " << repeat(speed, 4) << "\n"
-            << "Leg::Left = " << repeat("0", 6) << "\nLeg::PLeft = " << repeat(speed, 6) << "\n"
-            << "Leg::Right = " << repeat("0", 6) << "\nLeg::PRight = " << repeat(speed, 6) << "\n";
+        const auto marker = static_cast<int>(skill.base) + static_cast<int>(s) + 1;
+        steps.push_back(skilltest::step({{"Arm::Left", std::to_string(marker) + " 0 0 0"},
+                                         {"Head::PInstance", two},
+                                         {"Arm::PLeft", four},
+                                         {"Arm::PRight", four},
+                                         {"Leg::PLeft", four + " " + two},
+                                         {"Leg::PRight", four + " " + two}}));
     }
-    return out.str();
+    return skilltest::skillText(steps, static_cast<int>(skill.loop));
 }
 
-// The directory of the test data, made on first use and removed when the process ends.
-const std::filesystem::path& dataDir() {
-    static const support::ScratchDirectory scratch;
-    static const std::filesystem::path dir(scratch.path());
-    return dir;
-}
-
-void registerConfig(const std::string& name, const std::string& fileName, const std::string& text) {
-    const std::filesystem::path path = dataDir() / fileName;
-    writeFile(path, text);
-    Config config;
-    config.add(name, path.string());
+// The test data, written on first use and removed when the process ends.
+const skilltest::DataTree& tree() {
+    static skilltest::DataTree data;
+    static const bool written = [] {
+        for (const TestSkill& skill : skills()) {
+            data.addSkill(skill.name, skillFile(skill));
+        }
+        return true;
+    }();
+    static_cast<void>(written);
+    return data;
 }
 
 }  // namespace
 
 void installSkillData() {
-    static bool written = false;
-    if (!written) {
-        std::filesystem::create_directories(dataDir() / "Data" / "SkillData");
-        std::ostringstream index;
-        index << "[DefultSet]\nSkillDataFileCount = " << skills().size()
-              << "\n[SkillDataFileName]\n";
-        for (std::size_t i = 0; i < skills().size(); ++i) {
-            index << i + 1 << " = " << skills()[i].name << "\n";
-            writeFile(dataDir() / "Data" / "SkillData" / (skills()[i].name + ".conf"),
-                      skillFile(skills()[i]));
-        }
-        writeFile(dataDir() / "index.conf", index.str());
-        written = true;
-    }
-    std::filesystem::current_path(dataDir());
-
+    std::filesystem::current_path(tree().root());
     // Registered (again) every time, so that a test that changed a value starts afresh.
     Config config;
-    config.add("Config_FileAdresses", (dataDir() / "index.conf").string());
-    registerConfig("ServerInitialize", "server.conf",
-                   "[Server]\nOfflinePlaying = true\nVersion = 0.7.4\n"
-                   "[Public]\nUniformNum = 3\n");
+    config.add("Config_FileAdresses",
+               tree().root() + "/Data/ConfigurationData/Config_FileAddresses.conf");
     std::ostringstream field;
     field << "[Field]\nLength = " << kFieldLength << "\nWidth = " << kFieldWidth
           << "\nGoalWidth = " << kGoalWidth << "\n[Ball]\nRadius = 0.042\n";
-    registerConfig("WorldModelParameters", "world.conf", field.str());
-    registerConfig("OffenseParameters", "offense.conf",
-                   "[Kick]\nMaxBallDistance = 0.35\nMaxBallBearing = 30\nMaxHeadingError = 45\n");
+    const std::pair<const char*, std::string> files[] = {
+        {"ServerInitialize",
+         "[Server]\nOfflinePlaying = true\nVersion = 0.7.4\n[Public]\nUniformNum = 3\n"},
+        {"WorldModelParameters", field.str()},
+        {"OffenseParameters",
+         "[Kick]\nMaxBallDistance = 0.35\nMaxBallBearing = 30\nMaxHeadingError = 45\n"}};
+    for (const auto& [name, text] : files) {
+        config.add(name, tree().write(std::string(name) + ".conf", text));
+    }
     // The skill database is loaded again, from these files, on its next use.
     ConfigReader::resetState();
 }
@@ -169,11 +140,6 @@ void resetSkillState() {
 
 float markerOf(const Command& command) {
     return command.getLeftArmCommand().getHingeJointCommand(0).getJointTargetAlphaValue();
-}
-
-void setServerVersion(const std::string& version) {
-    registerConfig("ServerInitialize", "server-version.conf",
-                   "[Server]\nVersion = " + version + "\n");
 }
 
 float marker(const std::string& skill, unsigned int step) {

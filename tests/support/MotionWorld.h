@@ -20,9 +20,6 @@ void installSkillData();
 // clocks, turn and walk memory, the plans, the commands' wait clock and the skill database.
 void resetSkillState();
 
-// Sets the server version the walking skill reads ("ServerInitialize" / "Server" / "Version").
-void setServerVersion(const std::string& version);
-
 // The marker angle (degrees) of step `step` (from 0) of the test skill `skill`.
 float marker(const std::string& skill, unsigned int step);
 // Number of steps and loop step (from 0) of the test skill `skill`.

@@ -7,16 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
-#include <utility>
-
-#include <gtest/gtest.h>
 
 namespace support {
 
@@ -24,145 +15,46 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr Millis kSendLimit(5000);  // longest wait for the client to make room for our bytes
+// Binds `fd` to an ephemeral port of 127.0.0.1 and returns the port (0 on failure).
+uint16_t bindLoopback(int fd) {
+    sockaddr_in local{};
+    local.sin_family = AF_INET;
+    local.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(local);
+    auto* address = reinterpret_cast<sockaddr*>(&local);  // NOLINT: the socket API's own cast
+    if (fd < 0 || ::bind(fd, address, size) != 0 || ::getsockname(fd, address, &size) != 0) {
+        return 0;
+    }
+    return ntohs(local.sin_port);
+}
 
 std::string frameOf(const std::string& payload) {
-    const auto length = static_cast<uint32_t>(payload.size());
-    std::string framed;
-    framed.reserve(payload.size() + 4);
-    framed.push_back(static_cast<char>((length >> 24) & 0xFF));
-    framed.push_back(static_cast<char>((length >> 16) & 0xFF));
-    framed.push_back(static_cast<char>((length >> 8) & 0xFF));
-    framed.push_back(static_cast<char>(length & 0xFF));
-    framed += payload;
-    return framed;
-}
-
-int remainingMs(Clock::time_point deadline) {
-    const auto left = std::chrono::duration_cast<Millis>(deadline - Clock::now()).count();
-    return left > 0 ? static_cast<int>(left) : 0;
-}
-
-[[noreturn]] void fail(const char* what) {
-    throw std::runtime_error(std::string("ScriptedServer: ") + what + ": " + std::strerror(errno));
+    const auto n = static_cast<uint32_t>(payload.size());
+    return std::string{static_cast<char>(n >> 24), static_cast<char>((n >> 16) & 0xFF),
+                       static_cast<char>((n >> 8) & 0xFF), static_cast<char>(n & 0xFF)} +
+           payload;
 }
 
 }  // namespace
 
-// ---------------------------------------------------------------------------------------------
-// ServerScript
-
-ServerScript& ServerScript::sendFrame(std::string payload) {
-    mActions.push_back({Step::SendFrame, std::move(payload), Millis(0)});
-    return *this;
-}
-
-ServerScript& ServerScript::sendRaw(std::string bytes) {
-    mActions.push_back({Step::SendRaw, std::move(bytes), Millis(0)});
-    return *this;
-}
-
-ServerScript& ServerScript::expectFrame(Millis timeout) {
-    mActions.push_back({Step::ExpectFrame, {}, timeout});
-    return *this;
-}
-
-ServerScript& ServerScript::expectClose(Millis timeout) {
-    mActions.push_back({Step::ExpectClose, {}, timeout});
-    return *this;
-}
-
-ServerScript& ServerScript::sleep(Millis duration) {
-    mActions.push_back({Step::Sleep, {}, duration});
-    return *this;
-}
-
-ServerScript& ServerScript::close() {
-    mActions.push_back({Step::Close, {}, Millis(0)});
-    return *this;
-}
-
-ServerScript& ServerScript::reset() {
-    mActions.push_back({Step::Reset, {}, Millis(0)});
-    return *this;
-}
-
-ServerScript& ServerScript::acceptTimeout(Millis timeout) {
-    mAcceptTimeout = timeout;
-    return *this;
-}
-
-ServerScript ServerScript::lockStep(const std::vector<std::string>& messages, Millis replyTimeout) {
-    ServerScript script;
-    for (const std::string& message : messages) {
-        script.sendFrame(message).expectFrame(replyTimeout);
+ScriptedServer::ScriptedServer(ServerScript script)
+    : mScript(std::move(script)), mListen(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    mPort = bindLoopback(mListen);
+    if (mPort == 0 || ::listen(mListen, 1) != 0 || ::pipe2(mWake.data(), O_CLOEXEC) != 0) {
+        throw std::runtime_error("ScriptedServer: cannot listen on 127.0.0.1");
     }
-    return script;
-}
-
-std::vector<std::string> ServerScript::readMessages(const std::string& path) {
-    std::vector<std::string> messages;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        ADD_FAILURE() << "cannot read the message file " << path;
-        return messages;
-    }
-    std::string line;
-    while (std::getline(in, line)) {
-        messages.push_back(line);
-    }
-    return messages;
-}
-
-// ---------------------------------------------------------------------------------------------
-// ScriptedServer
-
-ScriptedServer::ScriptedServer(ServerScript script) : mScript(std::move(script)) {
-    std::array<int, 2> wake{};
-    if (::pipe2(wake.data(), O_CLOEXEC) != 0) {
-        fail("pipe");
-    }
-    mWakeRead = wake[0];
-    mWakeWrite = wake[1];
-
-    mListenFd = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (mListenFd < 0) {
-        ::close(mWakeRead);
-        ::close(mWakeWrite);
-        fail("socket");
-    }
-    sockaddr_in local{};
-    local.sin_family = AF_INET;
-    local.sin_port = 0;
-    local.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t len = sizeof(local);
-    auto* asAddr = reinterpret_cast<sockaddr*>(&local);  // NOLINT: the socket API's own cast
-    if (::bind(mListenFd, asAddr, sizeof(local)) != 0 || ::listen(mListenFd, 1) != 0 ||
-        ::getsockname(mListenFd, asAddr, &len) != 0) {
-        ::close(mListenFd);
-        ::close(mWakeRead);
-        ::close(mWakeWrite);
-        fail("listen on 127.0.0.1");
-    }
-    mPort = ntohs(local.sin_port);
     mThread = std::thread([this] { run(); });
 }
 
 ScriptedServer::~ScriptedServer() {
     {
-        std::lock_guard<std::mutex> lock(mMutex);
+        const std::lock_guard<std::mutex> lock(mMutex);
         mStop = true;
     }
-    const char wake = 1;
-    [[maybe_unused]] const ssize_t ignored = ::write(mWakeWrite, &wake, 1);
-    if (mThread.joinable()) {
-        mThread.join();
-    }
-    if (mListenFd >= 0) {
-        ::close(mListenFd);
-    }
-    ::close(mWakeRead);
-    ::close(mWakeWrite);
+    [[maybe_unused]] const ssize_t woken = ::write(mWake[1], "x", 1);
+    mThread.join();
+    ::close(mWake[0]);
+    ::close(mWake[1]);
 }
 
 bool ScriptedServer::wait(Millis limit) {
@@ -171,273 +63,137 @@ bool ScriptedServer::wait(Millis limit) {
 }
 
 std::vector<std::string> ScriptedServer::frames() const {
-    std::lock_guard<std::mutex> lock(mMutex);
+    const std::lock_guard<std::mutex> lock(mMutex);
     return mFrames;
 }
 
-std::string ScriptedServer::rawReceived() const {
-    std::lock_guard<std::mutex> lock(mMutex);
-    return mRaw;
-}
-
 std::vector<ScriptedServer::Event> ScriptedServer::events() const {
-    std::lock_guard<std::mutex> lock(mMutex);
+    const std::lock_guard<std::mutex> lock(mMutex);
     return mEvents;
 }
 
-const char* ScriptedServer::kindName(EventKind kind) {
-    switch (kind) {
-        case EventKind::Accepted:
-            return "Accepted";
-        case EventKind::AcceptTimeout:
-            return "AcceptTimeout";
-        case EventKind::Sent:
-            return "Sent";
-        case EventKind::SentRaw:
-            return "SentRaw";
-        case EventKind::SendFailed:
-            return "SendFailed";
-        case EventKind::Received:
-            return "Received";
-        case EventKind::Timeout:
-            return "Timeout";
-        case EventKind::ClientClosed:
-            return "ClientClosed";
-        case EventKind::Closed:
-            return "Closed";
-        case EventKind::Reset:
-            return "Reset";
-    }
-    return "?";
-}
-
-std::string ScriptedServer::describeEvents() const {
-    constexpr size_t kShown = 80;
-    std::ostringstream out;
+std::string ScriptedServer::describe() const {
+    static const char* const kNames[] = {"Accepted", "Sent",         "Received",
+                                         "Timeout",  "ClientClosed", "Closed"};
+    std::string text;
     for (const Event& event : events()) {
-        out << kindName(event.kind);
-        if (!event.data.empty()) {
-            out << ' ' << event.data.size() << " bytes: " << event.data.substr(0, kShown)
-                << (event.data.size() > kShown ? "..." : "");
-        }
-        out << '\n';
+        text += std::string(kNames[static_cast<int>(event.kind)]) + ": " +
+                event.data.substr(0, 80) + "\n";
     }
-    return out.str();
+    return text;
 }
 
-bool ScriptedServer::stopping() const {
-    std::lock_guard<std::mutex> lock(mMutex);
-    return mStop;
-}
-
-void ScriptedServer::record(EventKind kind, std::string data) {
-    std::lock_guard<std::mutex> lock(mMutex);
+void ScriptedServer::record(Kind kind, std::string data) {
+    const std::lock_guard<std::mutex> lock(mMutex);
     mEvents.push_back({kind, std::move(data)});
 }
 
-void ScriptedServer::takeFrames() {
-    // Called with mMutex held.
-    while (mPending.size() >= 4) {
-        const auto byte = [this](size_t i) { return static_cast<unsigned char>(mPending[i]); };
-        const size_t length = (static_cast<size_t>(byte(0)) << 24) |
-                              (static_cast<size_t>(byte(1)) << 16) |
-                              (static_cast<size_t>(byte(2)) << 8) | static_cast<size_t>(byte(3));
-        if (mPending.size() < 4 + length) {
-            return;
+bool ScriptedServer::pump(Millis limit) {
+    for (int wait = static_cast<int>(limit.count()); !mClientClosed; wait = 0) {
+        std::array<pollfd, 2> fds{{{mClient, POLLIN, 0}, {mWake[0], POLLIN, 0}}};
+        if (::poll(fds.data(), fds.size(), wait) <= 0) {
+            return true;  // nothing (more) within the limit
         }
-        std::string payload = mPending.substr(4, length);
-        mPending.erase(0, 4 + length);
-        mFrames.push_back(payload);
-        mEvents.push_back({EventKind::Received, std::move(payload)});
+        if (fds[1].revents != 0) {
+            return false;
+        }
+        std::array<char, 65536> chunk{};
+        const ssize_t got = ::recv(mClient, chunk.data(), chunk.size(), 0);
+        if (got <= 0) {
+            mClientClosed = true;
+            record(Kind::ClientClosed);
+            break;
+        }
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mPending.append(chunk.data(), static_cast<size_t>(got));
+        while (mPending.size() >= 4) {
+            size_t length = 0;
+            for (int i = 0; i < 4; ++i) {
+                length = (length << 8) | static_cast<unsigned char>(mPending[i]);
+            }
+            if (mPending.size() < 4 + length) {
+                break;
+            }
+            mFrames.push_back(mPending.substr(4, length));
+            mEvents.push_back({Kind::Received, mFrames.back()});
+            mPending.erase(0, 4 + length);
+        }
     }
+    return false;
 }
 
 void ScriptedServer::run() {
-    int client = -1;
-    std::array<pollfd, 2> fds{};
-    fds[0] = {mListenFd, POLLIN, 0};
-    fds[1] = {mWakeRead, POLLIN, 0};
-    const int ready =
-        ::poll(fds.data(), fds.size(), static_cast<int>(mScript.getAcceptTimeout().count()));
-    if (ready > 0 && (fds[0].revents & POLLIN) != 0) {
-        client = ::accept4(mListenFd, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    std::array<pollfd, 2> fds{{{mListen, POLLIN, 0}, {mWake[0], POLLIN, 0}}};
+    if (::poll(fds.data(), fds.size(), 5000) > 0 && fds[0].revents != 0) {
+        mClient = ::accept4(mListen, nullptr, nullptr, SOCK_CLOEXEC);
     }
-    // One connection per server: later connection attempts are refused.
-    ::close(mListenFd);
-    mListenFd = -1;
-
-    if (client < 0) {
-        record(EventKind::AcceptTimeout, {});
-    } else {
-        record(EventKind::Accepted, {});
-        runScript(client);
-    }
-    std::lock_guard<std::mutex> lock(mMutex);
-    mDone = true;
-    mDoneCv.notify_all();
-}
-
-bool ScriptedServer::pump(int client, Millis wait) {
-    if (mClientClosed) {
-        return false;
-    }
-    const Clock::time_point deadline = Clock::now() + wait;
-    std::array<char, 65536> chunk{};
-    while (true) {
-        std::array<pollfd, 2> fds{};
-        fds[0] = {client, POLLIN, 0};
-        fds[1] = {mWakeRead, POLLIN, 0};
-        const int ready = ::poll(fds.data(), fds.size(), remainingMs(deadline));
-        if (ready < 0 && errno == EINTR) {
-            continue;
-        }
-        if (ready <= 0) {
-            return true;  // nothing more within the wait
-        }
-        if ((fds[1].revents & POLLIN) != 0) {
-            return false;
-        }
-        const ssize_t got = ::recv(client, chunk.data(), chunk.size(), 0);
-        if (got < 0 && (errno == EINTR || errno == EAGAIN)) {
-            continue;
-        }
-        if (got <= 0) {
-            mClientClosed = true;
-            std::string incomplete;
-            {
-                std::lock_guard<std::mutex> lock(mMutex);
-                incomplete.swap(mPending);
-            }
-            record(EventKind::ClientClosed, std::move(incomplete));
-            return false;
-        }
-        {
-            std::lock_guard<std::mutex> lock(mMutex);
-            mRaw.append(chunk.data(), static_cast<size_t>(got));
-            mPending.append(chunk.data(), static_cast<size_t>(got));
-            takeFrames();
-        }
-        if (wait.count() > 0) {
-            return true;  // the caller looks at what arrived and decides whether to go on
-        }
-    }
-}
-
-bool ScriptedServer::sendAll(int client, const std::string& bytes) {
-    const Clock::time_point deadline = Clock::now() + kSendLimit;
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t put = ::send(client, bytes.data() + done, bytes.size() - done, MSG_NOSIGNAL);
-        if (put > 0) {
-            done += static_cast<size_t>(put);
-            continue;
-        }
-        if (put < 0 && errno == EINTR) {
-            continue;
-        }
-        if (put < 0 && errno != EAGAIN) {
-            return false;
-        }
-        // The client's receive window is full: keep reading what it sends meanwhile, so neither
-        // side can block the other, and give up at the deadline.
-        std::array<pollfd, 2> fds{};
-        fds[0] = {client, static_cast<short>(POLLOUT | (mClientClosed ? 0 : POLLIN)), 0};
-        fds[1] = {mWakeRead, POLLIN, 0};
-        const int ready = ::poll(fds.data(), fds.size(), remainingMs(deadline));
-        if (ready == 0 || (fds[1].revents & POLLIN) != 0) {
-            return false;
-        }
-        if (ready > 0 && (fds[0].revents & POLLIN) != 0) {
-            pump(client, Millis(0));
-        }
-    }
-    return true;
-}
-
-void ScriptedServer::runScript(int client) {
-    using Step = ServerScript::Step;
-    bool open = true;
-    bool abort = false;
-    for (const ServerScript::Action& action : mScript.actions()) {
-        if (!open || stopping()) {
-            break;
-        }
-        switch (action.step) {
-            case Step::SendFrame:
-            case Step::SendRaw: {
-                const bool framed = action.step == Step::SendFrame;
-                // What the client said before this message is logged before it.
-                pump(client, Millis(0));
-                // Frames that came before this message are not replies to it.
-                mTaken = frames().size();
-                if (sendAll(client, framed ? frameOf(action.bytes) : action.bytes)) {
-                    record(framed ? EventKind::Sent : EventKind::SentRaw, action.bytes);
-                } else {
-                    record(EventKind::SendFailed, action.bytes);
-                    open = false;
-                }
+    ::close(mListen);  // one connection per server: later attempts are refused
+    if (mClient >= 0) {
+        using Step = ServerScript::Step;
+        const timeval sendLimit{5, 0};
+        ::setsockopt(mClient, SOL_SOCKET, SO_SNDTIMEO, &sendLimit, sizeof(sendLimit));
+        record(Kind::Accepted);
+        bool reset = false;
+        for (const ServerScript::Action& action : mScript.actions) {
+            if (const std::lock_guard<std::mutex> lock(mMutex); mStop) {
                 break;
             }
-            case Step::ExpectFrame: {
-                const Clock::time_point deadline = Clock::now() + action.timeout;
-                bool alive = pump(client, Millis(0));
-                while (alive && frames().size() <= mTaken && Clock::now() < deadline) {
-                    alive = pump(client, Millis(std::max(remainingMs(deadline), 1)));
+            const Clock::time_point deadline = Clock::now() + action.limit;
+            const auto left = [&deadline] {
+                return std::max(Millis(0),
+                                std::chrono::duration_cast<Millis>(deadline - Clock::now()));
+            };
+            if (action.step == Step::SendFrame || action.step == Step::SendRaw) {
+                pump(Millis(0));           // what the client said before is logged before it
+                mTaken = frames().size();  // and is no answer to it
+                const std::string bytes =
+                    action.step == Step::SendFrame ? frameOf(action.bytes) : action.bytes;
+                if (::send(mClient, bytes.data(), bytes.size(), MSG_NOSIGNAL) !=
+                    static_cast<ssize_t>(bytes.size())) {
+                    break;
+                }
+                record(Kind::Sent, action.bytes);
+            } else if (action.step == Step::ExpectFrame) {
+                while (frames().size() <= mTaken && left().count() > 0 && pump(left())) {
                 }
                 if (frames().size() > mTaken) {
                     ++mTaken;
                 } else {
-                    record(EventKind::Timeout, {});
+                    record(Kind::Timeout);
                 }
+            } else if (action.step == Step::Sleep) {
+                while (left().count() > 0 && pump(left())) {
+                }
+            } else {
+                reset = action.step == Step::Reset;
                 break;
             }
-            case Step::ExpectClose: {
-                const Clock::time_point deadline = Clock::now() + action.timeout;
-                while (!mClientClosed && !stopping() && Clock::now() < deadline) {
-                    pump(client, Millis(std::max(remainingMs(deadline), 1)));
-                }
-                if (!mClientClosed) {
-                    record(EventKind::Timeout, {});
-                }
-                break;
-            }
-            case Step::Sleep: {
-                const Clock::time_point deadline = Clock::now() + action.timeout;
-                while (Clock::now() < deadline && pump(client, Millis(remainingMs(deadline)))) {
-                }
-                // A client that has closed early does not shorten the pause.
-                if (mClientClosed) {
-                    pollfd wake{mWakeRead, POLLIN, 0};
-                    while (::poll(&wake, 1, remainingMs(deadline)) < 0 && errno == EINTR) {
-                    }
-                }
-                break;
-            }
-            case Step::Close:
-                open = false;
-                break;
-            case Step::Reset:
-                open = false;
-                abort = true;
-                break;
         }
+        pump(Millis(0));
+        if (reset) {  // a zero linger time makes close() send a reset
+            const linger now{1, 0};
+            ::setsockopt(mClient, SOL_SOCKET, SO_LINGER, &now, sizeof(now));
+        } else {  // every byte sent, then a clean end of stream
+            ::shutdown(mClient, SHUT_WR);
+            pump(Millis(0));
+        }
+        ::close(mClient);
+        record(Kind::Closed);
     }
-    if (abort) {
-        // Closing with a zero linger time sends a reset instead of an end of stream.
-        pump(client, Millis(0));
-        const linger now{1, 0};
-        ::setsockopt(client, SOL_SOCKET, SO_LINGER, &now, sizeof(now));
-        ::close(client);
-        record(EventKind::Reset, {});
-        return;
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mDone = true;
+    mDoneCv.notify_all();
+}
+
+ClosedPort::ClosedPort()
+    : mFd(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)), mPort(bindLoopback(mFd)) {
+    if (mPort == 0) {
+        throw std::runtime_error("ClosedPort: cannot reserve a port on 127.0.0.1");
     }
-    // Take what is already waiting, then send our end of stream before closing, so the client
-    // reads every byte we sent followed by a clean end of stream.
-    pump(client, Millis(0));
-    ::shutdown(client, SHUT_WR);
-    pump(client, Millis(0));
-    ::close(client);
-    record(EventKind::Closed, {});
+}
+
+ClosedPort::~ClosedPort() {
+    ::close(mFd);
 }
 
 }  // namespace support

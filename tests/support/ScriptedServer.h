@@ -1,8 +1,8 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <condition_variable>
-#include <cstddef>
 #include <cstdint>
 #include <mutex>
 #include <string>
@@ -13,84 +13,51 @@ namespace support {
 
 using Millis = std::chrono::milliseconds;
 
-// What the scripted server does, step by step, once a client has connected. Built with the
-// chainable methods below; every step that waits has a time limit, so a script always ends.
-class ServerScript {
-public:
+// What the scripted server does once a client has connected, step by step. Every step that
+// waits has a time limit, so a script always ends.
+struct ServerScript {
     enum class Step {
-        SendFrame,    // text framed with the 4-byte big-endian length
-        SendRaw,      // text written as is (broken prefixes, frames split at any byte)
-        ExpectFrame,  // wait up to timeout for the client's next complete frame: one not yet
-                      // taken by an earlier ExpectFrame and received after the last send
-        ExpectClose,  // wait for the client to close its end, up to timeout
-        Sleep,        // pause for timeout, still recording what the client sends
-        Close,        // close the connection (the client sees end of stream)
-        Reset         // abort the connection (the client's next read fails: connection reset)
+        SendFrame,    // the text framed with the 4-byte big-endian length
+        SendRaw,      // the text as is (broken prefixes, frames split at any byte)
+        ExpectFrame,  // the client's next frame received after the last send, within the limit
+        Sleep,        // a pause, reading what the client sends; it ends when the client closes
+        Close,        // end of stream to the client
+        Reset         // abort: the client's next read fails with a connection reset
     };
-
     struct Action {
         Step step;
         std::string bytes;
-        Millis timeout{0};
+        Millis limit;
     };
 
-    ServerScript& sendFrame(std::string payload);
-    ServerScript& sendRaw(std::string bytes);
-    ServerScript& expectFrame(Millis timeout = Millis(3000));
-    ServerScript& expectClose(Millis timeout = Millis(3000));
-    ServerScript& sleep(Millis duration);
-    ServerScript& close();
-    ServerScript& reset();
+    ServerScript& sendFrame(std::string payload) { return add(Step::SendFrame, payload); }
+    ServerScript& sendRaw(std::string bytes) { return add(Step::SendRaw, bytes); }
+    ServerScript& expectFrame(Millis limit = Millis(3000)) {
+        return add(Step::ExpectFrame, "", limit);
+    }
+    ServerScript& sleep(Millis limit) { return add(Step::Sleep, "", limit); }
+    ServerScript& close() { return add(Step::Close); }
+    ServerScript& reset() { return add(Step::Reset); }
 
-    // How long to wait for the client to connect (default 5 s).
-    ServerScript& acceptTimeout(Millis timeout);
-
-    // Lock-step play of recorded messages: each message is sent framed, then the server waits
-    // for one reply frame or replyTimeout, whichever comes first, and goes on with the next.
-    static ServerScript lockStep(const std::vector<std::string>& messages, Millis replyTimeout);
-    // The messages of a fixture file, one per line (the line ends are not part of a message;
-    // a missing final line end is fine). Fails the calling test when the file cannot be read.
-    static std::vector<std::string> readMessages(const std::string& path);
-
-    const std::vector<Action>& actions() const { return mActions; }
-    Millis getAcceptTimeout() const { return mAcceptTimeout; }
+    std::vector<Action> actions;
 
 private:
-    std::vector<Action> mActions;
-    Millis mAcceptTimeout{5000};
+    ServerScript& add(Step step, std::string bytes = "", Millis limit = Millis(0)) {
+        actions.push_back({step, std::move(bytes), limit});
+        return *this;
+    }
 };
 
-// A one-connection TCP server on 127.0.0.1 with an ephemeral port, speaking the 4-byte
-// big-endian length-prefixed framing. The constructor starts listening and runs the script in
-// a background thread: accept one client, then the actions in order. Everything the client sends
-// is recorded: its raw bytes, its complete frames in order, and an ordered event log that
-// interleaves them with what the server sent. When the script has run out the server reads
-// what is already waiting and then closes the connection.
-//
-// Read the results after wait(); the destructor stops a running script early and joins.
-//
-//   ScriptedServer server(ServerScript().sendFrame("(time (now 0.02))").expectFrame().close());
-//   ... connect a client to 127.0.0.1:server.port() and let it talk ...
-//   ASSERT_TRUE(server.wait());
-//   EXPECT_EQ(server.frames(), (std::vector<std::string>{"(scene rsg/agent/nao/nao.rsg)"}));
+// A one-connection server on 127.0.0.1 (ephemeral port) speaking the length-prefixed framing:
+// a background thread accepts one client within 5 s and runs the script, recording every frame
+// the client sends and, in order, what happened. At the end of the script it reads what is
+// already waiting, then closes. Read the records after wait(); the destructor stops the script.
 class ScriptedServer {
 public:
-    enum class EventKind {
-        Accepted,       // a client connected
-        AcceptTimeout,  // nobody connected in time; the script did not run
-        Sent,           // a framed message (data: its payload)
-        SentRaw,        // raw bytes (data: the bytes)
-        SendFailed,     // the client is gone; the script stopped (data: what was to be sent)
-        Received,       // a complete client frame (data: its payload)
-        Timeout,        // an expectFrame or expectClose step ran out of time
-        ClientClosed,   // end of stream from the client (data: any incomplete frame bytes)
-        Closed,         // the server closed the connection
-        Reset           // the server aborted the connection
-    };
-
+    enum class Kind { Accepted, Sent, Received, Timeout, ClientClosed, Closed };
     struct Event {
-        EventKind kind;
-        std::string data;
+        Kind kind;
+        std::string data;  // Sent: the text as scripted; Received: the frame's payload
     };
 
     explicit ScriptedServer(ServerScript script);
@@ -98,51 +65,52 @@ public:
     ScriptedServer(const ScriptedServer&) = delete;
     ScriptedServer& operator=(const ScriptedServer&) = delete;
 
-    // The port to connect to, on 127.0.0.1.
-    uint16_t port() const { return mPort; }
-
-    // Waits until the script has ended; false if it is still running after limit.
+    [[nodiscard]] uint16_t port() const { return mPort; }
+    // Waits for the script to end; false if it still runs after `limit`.
     bool wait(Millis limit = Millis(20000));
-
-    // Copies of the records (safe while the script runs).
-    std::vector<std::string> frames() const;
-    std::string rawReceived() const;
-    std::vector<Event> events() const;
-    // The events as text, one per line ("Sent 12 bytes: (time (now 0.02))"), for test messages.
-    std::string describeEvents() const;
-
-    static const char* kindName(EventKind kind);
+    [[nodiscard]] std::vector<std::string> frames() const;
+    [[nodiscard]] std::vector<Event> events() const;
+    // The events as text, for failure messages.
+    [[nodiscard]] std::string describe() const;
 
 private:
     void run();
-    // Runs the actions, then closes (or resets) the client connection.
-    void runScript(int client);
-    // Reads what the client has sent, for up to wait (zero: only what is already there); returns
-    // false when the client closed or the server is stopping.
-    bool pump(int client, Millis wait);
-    bool sendAll(int client, const std::string& bytes);
-    void record(EventKind kind, std::string data);
-    void takeFrames();
-    bool stopping() const;
+    // Waits up to `limit` for bytes from the client and takes all that came; false once the
+    // client has closed or the server is stopping.
+    bool pump(Millis limit);
+    void record(Kind kind, std::string data = "");
 
     ServerScript mScript;
-    int mListenFd = -1;
-    int mWakeRead = -1;
-    int mWakeWrite = -1;
+    int mListen = -1;
+    int mClient = -1;
+    std::array<int, 2> mWake{-1, -1};  // written by the destructor to stop the script
     uint16_t mPort = 0;
-    bool mClientClosed = false;  // owned by the script thread
-    size_t mTaken = 0;           // frames accounted for by ExpectFrame steps and sends
+    bool mClientClosed = false;  // script thread only
+    size_t mTaken = 0;           // frames accounted for by sends and ExpectFrame steps
 
     mutable std::mutex mMutex;
     std::condition_variable mDoneCv;
     bool mDone = false;
     bool mStop = false;
-    std::string mPending;  // client bytes not yet forming a whole frame
-    std::string mRaw;
+    std::string mPending;  // bytes of an incomplete frame
     std::vector<std::string> mFrames;
     std::vector<Event> mEvents;
-
     std::thread mThread;
+};
+
+// A port on 127.0.0.1 where nothing listens, reserved for the life of the object (bound, never
+// listening), so a connection attempt to it is refused and no other test can take it.
+class ClosedPort {
+public:
+    ClosedPort();
+    ~ClosedPort();
+    ClosedPort(const ClosedPort&) = delete;
+    ClosedPort& operator=(const ClosedPort&) = delete;
+    [[nodiscard]] uint16_t port() const { return mPort; }
+
+private:
+    int mFd;
+    uint16_t mPort = 0;
 };
 
 }  // namespace support

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CheckDiagnostic.h"
-#include "support/ScratchDirectory.h"
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 
 namespace {

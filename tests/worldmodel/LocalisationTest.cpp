@@ -74,43 +74,6 @@ TEST_F(LocalisationTest, TwoLandmarksStraightAhead) {
     EXPECT_FALSE(wm.isFallen());
 }
 
-TEST_F(LocalisationTest, TheSameSceneTurnedByARightAngle) {
-    const Seen seen = {{F1R, V(4, -5, -0.5F)}, {F2R, V(-4, -5, -0.5F)}};
-    EXPECT_NEAR(wm.updateBodyAngularPositionByFlags(seen, 0).x, pi / 2, 1e-6);
-    const V position = wm.updateBodyAngularPositionByFlags(seen, 1);
-    EXPECT_NEAR(position.x, 1.0, 1e-5);
-    EXPECT_NEAR(position.y, 0.0, 1e-5);
-    EXPECT_NEAR(position.z, 0.5, 1e-5);
-    EXPECT_NEAR(wm.getXY(), pi / 2, 1e-6);
-}
-
-TEST_F(LocalisationTest, OneLandmarkFixesNothingButTheFallIndicator) {
-    Self::setLastPosition(V(3, 2, 1));
-    Share::bodyDir = true;
-    const Seen seen = {{F1L, V(1, 0, 7)}};
-    EXPECT_EQ(wm.updateBodyAngularPositionByFlags(seen, 0), V(3, 2, 1));
-    EXPECT_FALSE(Share::bodyDir);
-    EXPECT_EQ(wm.updateBodyAngularPositionByFlags(seen, 1), V(3, 2, 1));
-    EXPECT_TRUE(wm.isFallen());
-    EXPECT_EQ(wm.getXY(), 0.0F);
-    EXPECT_EQ(Self::getLastPosition(), V(3, 2, 1));
-}
-
-TEST_F(LocalisationTest, NoLandmarkKeepsTheFallIndicator) {
-    // Lying on the side: the landmarks appear 6.5 m below the camera's horizontal plane.
-    wm.updateBodyAngularPositionByFlags({{F1R, V(4, -5, -6.5F)}, {F2R, V(-4, -5, -6.5F)}}, 0);
-    ASSERT_TRUE(wm.isFallen());
-    ASSERT_NEAR(wm.getXY(), pi / 2, 1e-6);
-    Self::setLastPosition(V(3, 2, 1));
-    EXPECT_EQ(wm.updateBodyAngularPositionByFlags({}, 0), V(3, 2, 1));
-    EXPECT_EQ(wm.updateBodyAngularPositionByFlags({}, 1), V(3, 2, 1));
-    EXPECT_FALSE(Share::bodyDir);
-    EXPECT_EQ(wm.getXY(), 0.0F);
-    EXPECT_TRUE(wm.isFallen());
-    wm.updateBodyAngularPositionByFlags({{F1L, V(1, 0, 6.0F)}}, 0);
-    EXPECT_FALSE(wm.isFallen());  // exactly 6 is not fallen
-}
-
 TEST_F(LocalisationTest, AllEightLandmarksRefineThePositionOnAGrid) {
     // A camera 5 cm above the landmarks at (1, 0.5), turned by 0.3 rad. The first estimate
     // keeps the camera's height; a position found by the grid lies on the ground (z 0).
@@ -171,21 +134,4 @@ TEST_F(LocalisationTest, VisionPlacesSelfAndBall) {
     EXPECT_NEAR(wm.getBall()->getPosition().x, 1.0, 1e-4);
     EXPECT_NEAR(wm.getBall()->getPosition().y, 2.0, 1e-4);
     EXPECT_NEAR(wm.getBall()->getPosition().z, 0.0, 1e-4);
-}
-
-TEST_F(LocalisationTest, VisionWithOneLandmarkKeepsTheBodyDirection) {
-    const V at(1, 2, 0.5F);
-    ASSERT_TRUE(wm.update("(time (now 1.00))(HJ (n hj1) (ax 10))(See (F1R " +
-                          pol(seenFrom(at, 0, F1R)) + ") (F2R " + pol(seenFrom(at, 0, F2R)) +
-                          "))"));
-    const float direction = wm.getSelf()->getBodyDirection();
-    ASSERT_TRUE(wm.update("(time (now 1.02))(HJ (n hj1) (ax 40))(See (F1R " +
-                          pol(seenFrom(at, 0, F1R)) + ") (B (pol 1 0 -20)))"));
-    EXPECT_FALSE(Share::bodyDir);
-    EXPECT_EQ(wm.getSelf()->getBodyDirection(), direction);
-    // Without a heading the ball is placed as if the head looked along +x, from the last
-    // position.
-    EXPECT_NEAR(wm.getBall()->getPosition().y, 2.0, 1e-4);
-    EXPECT_NEAR(wm.getBall()->getPosition().x, 1.0 + std::cos(20.0 * std::numbers::pi / 180.0),
-                1e-4);
 }

@@ -45,7 +45,8 @@ std::vector<std::string> hold(const Reading& r, int count, std::vector<std::stri
 
 // Lines `first` to `last` (1-based) of the recorded session.
 std::vector<std::string> recorded(std::size_t first, std::size_t last) {
-    static const std::vector<std::string> all = readMessages("real-session-3200.txt");
+    static const std::vector<std::string> all =
+        support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
     return {all.begin() + static_cast<long>(first) - 1, all.begin() + static_cast<long>(last)};
 }
 

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogStream.h"
 #include "utilities/logging/Logger.h"
@@ -14,60 +14,42 @@
 #include "worldmodel/Share.h"
 #include "worldmodel/WorldModel.h"
 
-// The lines of a recording in tests/data, one server message per line.
-inline std::vector<std::string> readMessages(const std::string& name) {
-    std::ifstream in(std::string(KORVEL_TEST_DATA_DIR) + "/" + name);
-    std::vector<std::string> lines;
-    std::string line;
-    while (std::getline(in, line)) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 inline const std::vector<std::string>& sampleMessages() {
-    static const std::vector<std::string> lines = readMessages("server-messages-sample.txt");
+    static const std::vector<std::string> lines =
+        support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/server-messages-sample.txt");
     return lines;
 }
 
-// Every value a reader of the world model can see, flattened, so that two states compare with
-// one assertion.
+// What a reader of the world model sees, flattened, so that two states compare with one
+// assertion: time, game state, localisation, every joint angle and velocity, foot pressure, ball.
 inline std::vector<double> snapshot(const WorldModel& wm) {
-    std::vector<double> values;
-    auto add = [&values](float v) { values.push_back(static_cast<double>(v)); };
-    auto addVector = [&add](const math::Vector3<float>& v) {
-        add(v.x);
-        add(v.y);
-        add(v.z);
-    };
-    add(wm.getTime());
-    add(wm.getCycle());
-    add(wm.getTimeStep());
-    values.push_back(wm.getPlayMode());
-    values.push_back(wm.getSide());
-    add(wm.getXY());
-    values.push_back(wm.getFlagsVisionSize());
-    values.push_back(wm.isFallen() ? 1 : 0);
     const Self* self = wm.getSelf();
-    addVector(self->getPosition());
-    addVector(self->getPolarPosition());
-    addVector(self->getGyroRate());
-    add(self->getBodyDirection());
-    const Body* body = self->getBody();
+    std::vector<double> values{wm.getTime(),
+                               wm.getCycle(),
+                               wm.getTimeStep(),
+                               static_cast<double>(wm.getPlayMode()),
+                               static_cast<double>(wm.getSide()),
+                               wm.getXY(),
+                               static_cast<double>(wm.getFlagsVisionSize()),
+                               self->getBodyDirection(),
+                               wm.getBall()->getRadius(),
+                               static_cast<double>(wm.getBall()->getPositionCount())};
+    std::vector<math::Vector3<float>> vectors{self->getPosition(), self->getPolarPosition(),
+                                              self->getGyroRate(), wm.getBall()->getPosition(),
+                                              Self::getLastPosition()};
     for (const JointName& joint : JointNames::table()) {
-        const HingeJoint& hinge = body->getHingeJoint(joint.part, joint.index);
-        add(hinge.getJointAlphaValue());
-        addVector(hinge.getVelocity());
+        const HingeJoint& hinge = self->getBody()->getHingeJoint(joint.part, joint.index);
+        values.push_back(hinge.getJointAlphaValue());
+        vectors.push_back(hinge.getVelocity());
     }
-    for (const Leg* leg : {body->getLeftLeg(), body->getRightLeg()}) {
-        addVector(leg->getFRPForce());
-        addVector(leg->getFRPContactPoint());
+    for (const Leg* leg : {self->getBody()->getLeftLeg(), self->getBody()->getRightLeg()}) {
+        vectors.push_back(leg->getFRPForce());
+        vectors.push_back(leg->getFRPContactPoint());
     }
-    addVector(wm.getBall()->getPosition());
-    add(wm.getBall()->getRadius());
-    values.push_back(wm.getBall()->getPositionCount());
-    values.push_back(static_cast<double>(wm.getFlags().size()));
-    addVector(Self::getLastPosition());
+    for (const math::Vector3<float>& v : vectors) {
+        values.insert(values.end(), {v.x, v.y, v.z});
+    }
+    values.push_back(wm.isFallen() ? 1 : 0);
     values.push_back(Share::bodyDir ? 1 : 0);
     return values;
 }

@@ -59,25 +59,22 @@ TEST_F(KickTest, KickThenStopThenSuccess) {
     }
 }
 
-TEST_F(KickTest, ResettingOnlyTheNameOfAFinishedPlayerPlaysStop) {
-    resetKickPlayer();
-    for (int i = 0; i < 8 && !BasicKick::getConfigSkill().isFinished(); ++i) {
-        kick();
+TEST_F(KickTest, OnlyAWholeResetStartsAFinishedKickAgain) {
+    for (const bool whole : {true, false}) {
+        resetKickPlayer();
+        for (int i = 0; i < 8 && !BasicKick::getConfigSkill().isFinished(); ++i) {
+            kick();
+        }
+        ASSERT_TRUE(BasicKick::getConfigSkill().isFinished());
+        if (whole) {
+            BasicKick::resetState();
+        } else {
+            BasicKick::getConfigSkill().setCurrentSkillName("@");
+        }
+        const KickCycle c = kick(false);
+        EXPECT_EQ(c.skill, whole ? "LeftKick" : "Stop");
+        EXPECT_EQ(c.marker, marker(c.skill, 0));
     }
-    ASSERT_TRUE(BasicKick::getConfigSkill().isFinished());
-    BasicKick::getConfigSkill().setCurrentSkillName("@");
-    const KickCycle c = kick(false);
-    EXPECT_EQ(c.skill, "Stop");
-    EXPECT_EQ(c.marker, marker("Stop", 0));
-}
-
-TEST_F(KickTest, DroppedCommandAdvancesTheSameState) {
-    resetKickPlayer();
-    perceive();
-    BasicKick dropped(wm, true);
-    EXPECT_EQ(dropped.getCommand(), nullptr);
-    EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "LeftKick");
-    EXPECT_FALSE(dropped.isCurrentSkillFinished());
 }
 
 }  // namespace

@@ -2,216 +2,192 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CheckDiagnostic.h"
-#include "support/ScratchDirectory.h"
+#include <string>
+#include <vector>
+
+#include "support/Expected.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
+#include "utilities/config/Str.h"
 
 namespace {
 
 const char* const kReadFile = "virtual void ConfigFile::readFile(const std::string&)";
 
+// Every key of every group, "[group] key=<value>" one a line, in the configuration's order.
+std::string dump(const ConfigFile& file) {
+    std::string text;
+    for (const auto& [group, keys] : file.getGroups()) {
+        for (const auto& [key, value] : keys.getValues()) {
+            text.append("[").append(group).append("] ").append(key).append("=<");
+            text.append(value.asString()).append(">\n");
+        }
+    }
+    return text;
+}
+
 class ConfigFileTest : public ::testing::Test {
 protected:
     void SetUp() override { Config::resetState(); }
 
-    // Reads `content` as a file named "test.conf" into a fresh ConfigFile.
     ConfigFile read(const std::string& content) {
         ConfigFile file;
         file.setByFile(dir.write("test.conf", content));
         return file;
     }
 
-    // The diagnostic of a format error in test.conf at `line`.
-    std::string formatError(const std::string& condition, int line, const std::string& extra = "") {
-        return support::checkDiagnosticPattern(
-            "Config", kReadFile, condition,
-            "file \"" + dir.path() + "/test.conf\", line " + std::to_string(line) + extra);
-    }
-
     support::ScratchDirectory dir;
 };
 
-TEST_F(ConfigFileTest, OnlyCommentsAndBlanksGiveOneEmptyGroup) {
-    const ConfigFile file = read("# heading\n\n   \n\t\n#x = 1\n");
-    ASSERT_EQ(file.getGroups().size(), 1U);
-    EXPECT_TRUE(file.exists(""));
-    EXPECT_TRUE(file[""].getValues().empty());
-}
-
-TEST_F(ConfigFileTest, NewFileHasNoGroupsUntilRead) {
-    const ConfigFile file;
-    EXPECT_TRUE(file.getGroups().empty());
-    EXPECT_FALSE(file.exists(""));
-}
-
-TEST_F(ConfigFileTest, ValueIsSplitIntoWordsAndKeepsInnerBlanks) {
-    const ConfigFile file = read("[G]\nkey = a   b\tc  \n");
-    const ConfigValue& value = file["G"]["key"];
-    ASSERT_EQ(value.size(), 3);
-    EXPECT_EQ(value[0].b_value(std::string()), "a");
-    EXPECT_EQ(value[1].b_value(std::string()), "b");
-    EXPECT_EQ(value[2].b_value(std::string()), "c");
-    EXPECT_EQ(value.asString(), "a   b\tc");
-}
-
-TEST_F(ConfigFileTest, BlanksAroundKeyAndValueAreDropped) {
-    const ConfigFile file = read("[G]\n \t key\t =\t 12 \t\nother=x=y\n");
-    EXPECT_EQ(file["G"]["key"].asString(), "12");
-    EXPECT_EQ(file["G"]["key"].asInt(), 12);
-    EXPECT_EQ(file["G"]["other"].asString(), "x=y");
-}
-
-TEST_F(ConfigFileTest, TrailingCommentsAreDropped) {
-    const ConfigFile file = read("[G] # the group\nx = 1 # one\ny = 2#two\n# x = 3\n");
-    EXPECT_EQ(file["G"]["x"].asString(), "1");
-    EXPECT_EQ(file["G"]["y"].asString(), "2");
-    EXPECT_EQ(file["G"].getValues().size(), 2U);
-}
-
-TEST_F(ConfigFileTest, SingleVisibleCharacterLinesAreIgnored) {
-    const ConfigFile file = read("[G]\n[\n  x  \n]\n=\nk = v\n");
-    EXPECT_EQ(file["G"].getValues().size(), 1U);
-    EXPECT_EQ(file["G"]["k"].asString(), "v");
-}
-
-TEST_F(ConfigFileTest, KeysBeforeTheFirstHeaderGoToTheEmptyGroup) {
-    const ConfigFile file = read("top = 1\n[G]\ninner = 2\n");
-    EXPECT_EQ(file[""]["top"].asInt(), 1);
-    EXPECT_FALSE(file[""].exists("inner"));
-    EXPECT_EQ(file["G"]["inner"].asInt(), 2);
-    EXPECT_FALSE(file["G"].exists("top"));
-}
-
-TEST_F(ConfigFileTest, GroupNamesAreTakenExactlyAsWritten) {
-    const ConfigFile file = read("[Server]\na = 1\n  [ Server ]  \nb = 2\n[]\nc = 3\n");
-    EXPECT_TRUE(file["Server"].exists("a"));
-    EXPECT_FALSE(file["Server"].exists("b"));
-    EXPECT_TRUE(file[" Server "].exists("b"));
-    EXPECT_EQ(file[""]["c"].asInt(), 3);
-}
-
-TEST_F(ConfigFileTest, RepeatedHeaderContinuesTheGroupAndLastDefinitionWins) {
-    const ConfigFile file = read("[A]\nx = 1\ny = old\n[B]\nz = 0\n[A]\ny = new value\n");
-    EXPECT_EQ(file["A"]["x"].asInt(), 1);
-    EXPECT_EQ(file["A"]["y"].asString(), "new value");
-    EXPECT_EQ(file["A"]["y"].size(), 2);
-    EXPECT_EQ(file["B"]["z"].asInt(), 0);
-}
-
-TEST_F(ConfigFileTest, LastLineWithoutNewlineIsRead) {
-    const ConfigFile file = read("[G]\nlast = 7");
-    EXPECT_EQ(file["G"]["last"].asInt(), 7);
-}
-
-TEST_F(ConfigFileTest, CarriageReturnIsAnOrdinaryVisibleCharacter) {
-    const ConfigFile file = read("[G]\nport = 3100\r\n\r\n");
-    EXPECT_EQ(file["G"]["port"].asString(), "3100\r");
-    EXPECT_EQ(file["G"]["port"].asInt(), 3100);
-    EXPECT_EXIT(read("[G]\r\nport = 3100\r\n"), ::testing::ExitedWithCode(1),
-                formatError("line[ve] == ']'", 1));
-}
-
-TEST_F(ConfigFileTest, ReadingASecondFileMergesIntoTheSameConfiguration) {
-    ConfigFile file = read("[A]\nx = 1\ny = 2\n");
-    file.setByFile(dir.write("second.conf", "[A]\ny = 20\n[B]\nz = 3\n"));
-    EXPECT_EQ(file["A"]["x"].asInt(), 1);
-    EXPECT_EQ(file["A"]["y"].asInt(), 20);
-    EXPECT_EQ(file["B"]["z"].asInt(), 3);
-}
-
-TEST_F(ConfigFileTest, ConstructorFromFileNameReadsIt) {
-    const ConfigFile file(dir.write("a.conf", "[G]\nk = v\n"));
-    EXPECT_EQ(file["G"]["k"].asString(), "v");
-}
-
-TEST_F(ConfigFileTest, AddGroupKeepsAnExistingGroup) {
-    ConfigFile file = read("[G]\nk = v\n");
-    file.addGroup("G");
-    file.addGroup("H");
-    EXPECT_EQ(file["G"]["k"].asString(), "v");
-    EXPECT_TRUE(file["H"].getValues().empty());
-}
-
-TEST_F(ConfigFileTest, CopyDuplicatesGroupsAndValues) {
-    const ConfigFile original = read("[G]\nk = v\n");
-    ConfigFile copy = original;
-    copy["G"].add("k", "changed");
-    copy.addGroup("H");
-    EXPECT_EQ(original["G"]["k"].asString(), "v");
-    EXPECT_FALSE(original.exists("H"));
-    EXPECT_EQ(copy["G"]["k"].asString(), "changed");
-}
-
-// A reader that records the files it was asked for, to see setByFile use the virtual slot.
-class RecordingConfigFile : public ConfigFile {
-public:
-    void readFile(const std::string& fileName) override { lastFile = fileName; }
-    std::string lastFile;
+struct ParseCase {
+    const char* text;
+    const char* keys;
 };
 
-TEST_F(ConfigFileTest, SetByFileGoesThroughTheVirtualReader) {
-    RecordingConfigFile file;
-    file.setByFile("no/such/file.conf");
-    EXPECT_EQ(file.lastFile, "no/such/file.conf");
+TEST_F(ConfigFileTest, ReadsKeysGroupsAndComments) {
+    const ParseCase cases[] = {
+        {"# heading\n\n   \n\t\n#x = 1\n", ""},
+        {"[G]\nkey = a   b\tc  \n", "[G] key=<a   b\tc>\n"},
+        {"[G]\n \t key\t =\t 12 \t\nother=x=y\n", "[G] key=<12>\n[G] other=<x=y>\n"},
+        {"[G] # the group\nx = 1 # one\ny = 2#two\n# x = 3\n", "[G] x=<1>\n[G] y=<2>\n"},
+        {"[G]\n[\n  x  \n]\n=\nk = v\n", "[G] k=<v>\n"},
+        {"top = 1\n[G]\ninner = 2\n", "[] top=<1>\n[G] inner=<2>\n"},
+        {"[Server]\na = 1\n  [ Server ]  \nb = 2\n[]\nc = 3\n",
+         "[] c=<3>\n[ Server ] b=<2>\n[Server] a=<1>\n"},
+        {"[A]\nx = 1\ny = old\n[B]\nz = 0\n[A]\ny = new value\n",
+         "[A] x=<1>\n[A] y=<new value>\n[B] z=<0>\n"},
+        {"[G]\nlast = 7", "[G] last=<7>\n"},
+        {"[G]\nport = 3100\r\n\r\n", "[G] port=<3100\r>\n"},
+    };
+    for (const ParseCase& c : cases) {
+        EXPECT_EQ(dump(read(c.text)), c.keys) << c.text;
+    }
 }
 
-// Every fatal format check, with the file and the 1-based line of the offending text.
+TEST_F(ConfigFileTest, ASecondFileMergesAndLaterKeysWin) {
+    ConfigFile file = read("[A]\nx = 1\ny = 2\n");
+    file.setByFile(dir.write("second.conf", "[A]\ny = 20\n[B]\nz = 3\n"));
+    EXPECT_EQ(dump(file), "[A] x=<1>\n[A] y=<20>\n[B] z=<3>\n");
+}
 
-TEST_F(ConfigFileTest, MissingFileIsFatal) {
-    const std::string path = dir.path() + "/missing.conf";
-    ConfigFile file;
-    EXPECT_EXIT(file.setByFile(path), ::testing::ExitedWithCode(1),
+struct ErrorCase {
+    const char* text;
+    const char* condition;
+    int line;
+    const char* extra;
+};
+
+TEST_F(ConfigFileTest, FormatErrorsNameTheFileAndLine) {
+    const ErrorCase cases[] = {
+        {"[G]\r\nport = 3100\r\n", "line[ve] == ']'", 1, ""},
+        {"# c\n\n[Server\n", "line[ve] == ']'", 3, ""},
+        {"[Server # ]\n", "line[ve] == ']'", 1, ""},
+        {"[G]\nab\n", "qpos != string::npos && qpos < cpos", 2, ""},
+        {"[G]\nkey # = 1\n", "qpos != string::npos && qpos < cpos", 2, ""},
+        {"[G]\nk = 1\n # x = 1\n", "qpos != string::npos && qpos < cpos", 3, ""},
+        {"[G]\n  = 5\n", "name != \"\"", 2, ""},
+        {"[G]\na = 1\nkey =\n", "value != \"\"", 3, ", key \"key\" has no value"},
+        {"[G]\nkey =   # nothing\n", "value != \"\"", 2, ", key \"key\" has no value"},
+    };
+    for (const ErrorCase& c : cases) {
+        EXPECT_EXIT(read(c.text), ::testing::ExitedWithCode(1),
+                    support::checkDiagnosticPattern("Config", kReadFile, c.condition,
+                                                    "file \"" + dir.path() + "/test.conf\", line " +
+                                                        std::to_string(c.line) + c.extra))
+            << c.text;
+    }
+    const std::string missing = dir.path() + "/missing.conf";
+    EXPECT_EXIT(read("").setByFile(missing), ::testing::ExitedWithCode(1),
                 support::checkDiagnosticPattern("Config", kReadFile, "fin",
-                                                "file \"" + path + "\" cannot be opened"));
-}
-
-TEST_F(ConfigFileTest, DirectoryIsFatal) {
-    ConfigFile file;
-    EXPECT_EXIT(file.setByFile(dir.path()), ::testing::ExitedWithCode(1),
+                                                "file \"" + missing + "\" cannot be opened"));
+    EXPECT_EXIT(read("").setByFile(dir.path()), ::testing::ExitedWithCode(1),
                 support::checkDiagnosticPattern("Config", kReadFile, "!isDirectory",
                                                 "file \"" + dir.path() + "\" is a directory"));
 }
 
-TEST_F(ConfigFileTest, HeaderWithoutClosingBracketIsFatal) {
-    EXPECT_EXIT(read("# c\n\n[Server\n"), ::testing::ExitedWithCode(1),
-                formatError("line[ve] == ']'", 3));
-    EXPECT_EXIT(read("[Server # ]\n"), ::testing::ExitedWithCode(1),
-                formatError("line[ve] == ']'", 1));
-}
-
-TEST_F(ConfigFileTest, LineWithoutEqualsIsFatal) {
-    EXPECT_EXIT(read("[G]\nab\n"), ::testing::ExitedWithCode(1),
-                formatError("qpos != string::npos && qpos < cpos", 2));
-}
-
-TEST_F(ConfigFileTest, EqualsInsideACommentIsFatal) {
-    EXPECT_EXIT(read("[G]\nkey # = 1\n"), ::testing::ExitedWithCode(1),
-                formatError("qpos != string::npos && qpos < cpos", 2));
-}
-
-TEST_F(ConfigFileTest, IndentedCommentIsFatal) {
-    EXPECT_EXIT(read("[G]\nk = 1\n # x = 1\n"), ::testing::ExitedWithCode(1),
-                formatError("qpos != string::npos && qpos < cpos", 3));
-}
-
-TEST_F(ConfigFileTest, EmptyKeyIsFatal) {
-    EXPECT_EXIT(read("[G]\n  = 5\n"), ::testing::ExitedWithCode(1), formatError("name != \"\"", 2));
-}
-
-TEST_F(ConfigFileTest, EmptyValueIsFatal) {
-    EXPECT_EXIT(read("[G]\na = 1\nkey =\n"), ::testing::ExitedWithCode(1),
-                formatError("value != \"\"", 3, ", key \"key\" has no value"));
-    EXPECT_EXIT(read("[G]\nkey =   # nothing\n"), ::testing::ExitedWithCode(1),
-                formatError("value != \"\"", 2, ", key \"key\" has no value"));
-}
-
-TEST_F(ConfigFileTest, ErrorsInAMergedFileNameThatFile) {
-    ConfigFile file = read("[G]\nk = v\n");
-    const std::string second = dir.write("second.conf", "[G]\nk = w\nbroken\n");
+TEST_F(ConfigFileTest, MissingNamesAreFatalAndNamed) {
+    config.add("Srv", dir.write("s.conf", "[Server]\nVersion = 1\n"));
+    EXPECT_EXIT(config["Nope"], ::testing::ExitedWithCode(1),
+                support::checkDiagnosticPattern(
+                    "Config", "ConfigFile& Config::ConfigFiles::operator[](const std::string&)",
+                    "it != files.end()", "configuration \"Nope\" is not registered"));
     EXPECT_EXIT(
-        file.setByFile(second), ::testing::ExitedWithCode(1),
-        support::checkDiagnosticPattern("Config", kReadFile, "qpos != string::npos && qpos < cpos",
-                                        "file \"" + second + "\", line 3"));
+        config["Srv"]["Connection"], ::testing::ExitedWithCode(1),
+        support::checkDiagnosticPattern(
+            "Config", "ConfigGroup& ConfigFile::operator[](const std::string&)",
+            "it != groups.end()", "configuration \"Srv\", group \"Connection\" is missing"));
+    EXPECT_EXIT(config["Srv"]["Server"]["Port"], ::testing::ExitedWithCode(1),
+                support::checkDiagnosticPattern(
+                    "Config", "ConfigValue& ConfigGroup::operator[](const std::string&)",
+                    "it != values.end()",
+                    "configuration \"Srv\", group \"Server\", key \"Port\" is missing"));
+    Config::resetState();
+    EXPECT_FALSE(config.exists("Srv"));
+}
+
+TEST(StrTest, BoolIsTrueOnlyForTrueOrOneInAnyCase) {
+    for (const char* word : {"true", "TRUE", "True", "1"}) {
+        EXPECT_TRUE(Str(word).b_value(false)) << word;
+    }
+    for (const char* word : {"false", "0", "yes", "2", "", "true "}) {
+        EXPECT_FALSE(Str(word).b_value(true)) << word;
+    }
+}
+
+struct ArgumentsCase {
+    std::vector<std::string> arguments;
+    bool accepted;
+    const char* keys;  // of ServerInitialize, then of LoggerInitialize
+};
+
+TEST(ConfigArgumentsTest, OptionsWriteTheirKeysOrPrintTheUsage) {
+    const ArgumentsCase cases[] = {
+        {{}, true, ""},
+        {{"--coach"}, true, ""},
+        {{"--number", "2", "--host", "10.0.0.5", "--port", "3200", "--coach-port", "3300", "--team",
+          "Korvel", "--random-seed", "17"},
+         true,
+         "[Connection] HostName=<10.0.0.5>\n[Connection] Port=<3200>\n"
+         "[Public] RandomSeed=<17>\n[Public] TeamName=<Korvel>\n[Public] UniformNum=<2>\n"
+         "[Server] CoachPort=<3300>\n"},
+        {{"--goalie", "--offline"},
+         true,
+         "[Public] IsGoalie=<True>\n[Server] OfflinePlaying=<True>\n[Logger] Offline=<True>\n"},
+        {{"--port", "3101", "--port", "3102"}, true, "[Connection] Port=<3102>\n"},
+        {{"--team", "--goalie"}, true, "[Public] TeamName=<--goalie>\n"},
+        {{"--player-port", "3100"}, false, ""},
+        {{"--number", "3", "--bogus", "--host", "h"}, false, "[Public] UniformNum=<3>\n"},
+        {{"--goalie", "--host"}, false, "[Public] IsGoalie=<True>\n"},
+        {{"-number", "2"}, false, ""},
+        {{"--number=2"}, false, ""},
+        {{"--num", "2"}, false, ""},
+        {{"--Goalie"}, false, ""},
+        {{""}, false, ""},
+    };
+    for (const ArgumentsCase& c : cases) {
+        ConfigFile server;
+        ConfigFile logger;
+        for (const char* group : {"Public", "Server", "Connection"}) {
+            server.addGroup(group);
+        }
+        logger.addGroup("Logger");
+        std::vector<std::string> words = c.arguments;
+        words.insert(words.begin(), "./korvel");
+        std::vector<char*> argv;
+        argv.reserve(words.size() + 1);
+        for (std::string& word : words) {
+            argv.push_back(word.data());
+        }
+        argv.push_back(nullptr);
+        ::testing::internal::CaptureStdout();
+        const bool accepted =
+            server.setByArguments(static_cast<int>(argv.size() - 1), argv.data(), logger);
+        const std::string printed = ::testing::internal::GetCapturedStdout();
+        const std::string what = words.size() > 1 ? words[1] : "(none)";
+        EXPECT_EQ(accepted, c.accepted) << what;
+        EXPECT_EQ(printed.empty(), c.accepted) << what;  // the usage text, pinned end to end
+        EXPECT_EQ(dump(server) + dump(logger), c.keys) << what;
+    }
 }
 
 }  // namespace

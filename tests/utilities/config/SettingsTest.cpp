@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/ScratchDirectory.h"
+#include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/config/ConfigSetting.h"
 

@@ -1,4 +1,4 @@
-#include "CheckDiagnostic.h"  // same folder: the support library sees only its users' path
+#include "Expected.h"  // same folder: the support library sees only its users' path
 
 namespace support {
 
