@@ -162,9 +162,7 @@ void DefencePlan::walkTo(math::Point target, const char* walkName) {
 }
 
 void DefencePlan::startKick() {
-    // A complete reset of the kick player, so that this call starts the kick itself.
-    BasicKick::getConfigSkill().setCurrentSkillName(skillname::kNoSkill);
-    BasicKick::getConfigSkill().setFinishedSkill(false);
+    BasicKick::rewind();  // so that this call starts the kick itself
     BasicKick kick(*wm, false);
     replaceCommand(kick.getCommand());
     name = subbehaviour::kKick;

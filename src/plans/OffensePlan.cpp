@@ -60,9 +60,7 @@ void OffensePlan::startWalking() {
 }
 
 void OffensePlan::startKick() {
-    // A complete reset of the kick player, so that the next call starts the kick itself.
-    BasicKick::getConfigSkill().setCurrentSkillName(skillname::kNoSkill);
-    BasicKick::getConfigSkill().setFinishedSkill(false);
+    BasicKick::rewind();  // so that this call starts the kick itself
     BasicKick kick(*wm, false);
     replaceCommand(kick.getCommand());
     name = subbehaviour::kKick;

@@ -129,6 +129,16 @@ protected:
         Config::resetState();
     }
 
+    // Places the robot (field frame, metres; heading in degrees) and the ball.
+    void place(int side, float x, float y, float heading, float ballX, float ballY) {
+        scene.side = side;
+        scene.x = x;
+        scene.y = y;
+        scene.heading = heading;
+        scene.ballX = ballX;
+        scene.ballY = ballY;
+    }
+
     void add(const std::string& name, const std::string& text) {
         const std::string path = dir.path() + "/" + name + ".conf";
         std::ofstream(path) << text;
@@ -156,12 +166,7 @@ TEST_F(PlayToWinPlanTest, AttackerWalksToTheApproachTargetAndKicksAtTheGoal) {
     for (const Case& c : cases) {
         OffensePlan::resetState();
         motiontest::resetSkillState();
-        scene.side = c.side;
-        scene.x = c.x;
-        scene.y = c.y;
-        scene.heading = c.heading;
-        scene.ballX = c.ballX;
-        scene.ballY = c.ballY;
+        place(c.side, c.x, c.y, c.heading, c.ballX, c.ballY);
         cycle<OffensePlan>("Offense");  // the opening style step
         cycle<OffensePlan>("Offense");
         if (c.kick) {
@@ -193,12 +198,7 @@ TEST_F(PlayToWinPlanTest, DefenderSideStepsOnItsLineWalksBackAndClears) {
     for (const Case& c : cases) {
         DefencePlan::resetState();
         motiontest::resetSkillState();
-        scene.side = c.side;
-        scene.x = c.x;
-        scene.y = c.y;
-        scene.heading = c.heading;
-        scene.ballX = c.ballX;
-        scene.ballY = c.ballY;
+        place(c.side, c.x, c.y, c.heading, c.ballX, c.ballY);
         cycle<DefencePlan>("Defence");
         EXPECT_EQ(DefencePlan::name, c.name) << c.what;
         const std::string skill = DefencePlan::name == "sideWalk"
@@ -225,12 +225,7 @@ TEST_F(PlayToWinPlanTest, KeeperDivesOnlyForABallNearItsOwnGoal) {
     for (const Case& c : cases) {
         GoalKeeperPlan::resetState();
         motiontest::resetSkillState();
-        scene.side = c.side;
-        scene.x = c.x;
-        scene.y = 0;
-        scene.heading = c.heading;
-        scene.ballX = c.ballX;
-        scene.ballY = c.ballY;
+        place(c.side, c.x, 0, c.heading, c.ballX, c.ballY);
         cycle<GoalKeeperPlan>("Goalie");
         EXPECT_EQ(GoalKeeperPlan::name, c.name) << c.what;
         EXPECT_EQ(GoalKeeperPlan::diveSide, c.dive) << c.what;
@@ -255,12 +250,7 @@ TEST_F(PlayToWinPlanTest, KeeperFollowsTheBallOnItsLineAndWalksBack) {
     for (const Case& c : cases) {
         GoalKeeperPlan::resetState();
         motiontest::resetSkillState();
-        scene.side = c.side;
-        scene.x = c.x;
-        scene.y = c.y;
-        scene.heading = c.heading;
-        scene.ballX = c.ballX;
-        scene.ballY = c.ballY;
+        place(c.side, c.x, c.y, c.heading, c.ballX, c.ballY);
         cycle<GoalKeeperPlan>("Goalie");
         EXPECT_EQ(GoalKeeperPlan::name, "sideWalk") << c.what;
         EXPECT_EQ(GoalKeeperPlan::walking, c.walking) << c.what;

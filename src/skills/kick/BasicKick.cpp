@@ -43,6 +43,10 @@ void BasicKick::play(const std::string& name, const WorldModel& wm) {
 void BasicKick::resetState() {
     kickSide.clear();
     starts = 0;
+    rewind();
+}
+
+void BasicKick::rewind() {
     configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

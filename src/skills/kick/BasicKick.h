@@ -27,6 +27,8 @@ public:
 
     // Restores the start-of-process state: no kick chosen, nothing loaded.
     static void resetState();
+    // Rewinds the kick player completely, so that the next kick starts at its first step.
+    static void rewind();
 
 private:
     void play(const std::string& name, const WorldModel& wm);
