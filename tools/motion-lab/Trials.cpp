@@ -641,9 +641,9 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
 // A fall as in a game, got up from by the player's own plan: the robot is tipped over (forwards
 // for "fall-front", backwards for "fall-back") with its head sweeping as the player drives it,
 // and from the first cycle the player's world model reads fallen the attacker plan runs, with
-// no pause to lie still, until its first stand-up (and "Stop") has ended; a second of rest
-// follows. Counts the stand-ups the plan began and whether the robot is on its feet at the end.
-// Like the stand-up trials, each trial starts facing another way.
+// no pause to lie still, until 2 s after its first stand-up (and "Stop") has ended. Counts the
+// stand-ups the plan began and whether the robot is on its feet at the end. Like the stand-up
+// trials, each trial starts facing another way.
 Result fallAndGetUp(bool front, const LabSession::Options& options, int trial, double limit) {
     LabSession::Options asInGame = options;
     asInGame.headSweep = true;
@@ -667,21 +667,23 @@ Result fallAndGetUp(bool front, const LabSession::Options& options, int trial, d
     bench.mark();
     int standUps = 0;
     bool began = false;
+    double endedAt = -1.0;
     double upAt = -1.0;
-    while (bench.elapsed() < limit) {
+    // The plan goes on (the attacker walks) for 2 s after its first stand-up has ended.
+    while (bench.elapsed() < limit && (endedAt < 0.0 || bench.elapsed() - endedAt < 2.0)) {
         const bool wasStandingUp = OffensePlan::name == "standup";
         const std::unique_ptr<Command> command(bench.session.planAct(3));
         if (!wasStandingUp && OffensePlan::name == "standup") {
             ++standUps;
             began = true;
         }
+        if (began && endedAt < 0.0 && OffensePlan::name != "standup") {
+            endedAt = bench.elapsed();
+        }
         if (bench.trace) {
             std::cout << "trace plan " << OffensePlan::name << " step "
                       << ConfigSkill::getCurrentConfigStepNumber() << " fallen "
                       << bench.session.world().isFallen() << "\n";
-        }
-        if (began && OffensePlan::name != "standup") {
-            break;  // the first stand-up has ended
         }
         if (!bench.stepWatching(command.get())) {
             return noServer();
@@ -692,11 +694,9 @@ Result fallAndGetUp(bool front, const LabSession::Options& options, int trial, d
             upAt = -1.0;
         }
     }
-    if (!bench.session.idle(1.0)) {
-        return noServer();
-    }
     const bool up = bench.session.standing();
     result.values = {{"standing after s", up ? upAt : std::nan("")},
+                     {"stand-up ended s", endedAt},
                      {"stand-ups", standUps},
                      {"head m", bench.session.pose().headHeight}};
     result.passed = up && standUps == 1;
