@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "body/Body.h"
+#include "commands/Command.h"
+#include "plans/OffensePlan.h"
 #include "support/FileHelpers.h"
 #include "support/ScratchDirectory.h"
 #include "support/ScriptedServer.h"
@@ -121,6 +123,39 @@ TEST_F(AgentModelTest, FallenRobotLooksStraightAheadButTheSweepStillTurns) {
     EXPECT_EQ(agent.headDecision(&world), 0.0F);
     EXPECT_EQ(AgentModel::flag, 0);
     EXPECT_EQ(agent.headDecision(&world), 0.0F);
+}
+
+TEST_F(AgentModelTest, HeadIsHeldStraightWhileAStandUpPlaysUnderTheAttitudeRule) {
+    // Pan and tilt targets (degrees) for each fall rule, with and without a stand-up playing.
+    struct Case {
+        const char* rule;
+        bool standingUp;
+        float pan;
+        float tilt;
+    };
+    for (const Case& c : {Case{"Attitude", true, 0.0F, 0.0F}, Case{"Attitude", false, 7.0F, -20.0F},
+                          Case{"Landmarks", true, 7.0F, -20.0F}}) {
+        SCOPED_TRACE(std::string(c.rule) + (c.standingUp ? " standing up" : " walking"));
+        Config::resetState();
+        AgentModel::resetState();
+        const std::string data = std::string(KORVEL_SOURCE_DIR) + "/Data/ConfigurationData/";
+        for (const char* name : {"ServerInitialize", "WorldModelParameters"}) {
+            config.add(name, data + name + ".conf");
+        }
+        config["WorldModelParameters"]["Fall"].add("Rule", c.rule);
+        WorldModel world;
+        world.update("(time (now 1.00))(GS (t 0.00) (pm BeforeKickOff))");  // reads the rule
+        OffensePlan::name = c.standingUp ? "standup" : "dash";
+        AgentModel agent;
+        Body body;
+        Command command(&body);
+        agent.pointHead(&command, &world);
+        EXPECT_FLOAT_EQ(command.getHeadCommand().getHingeJointCommand(0).getJointTargetAlphaValue(),
+                        c.pan);
+        EXPECT_FLOAT_EQ(command.getHeadCommand().getHingeJointCommand(1).getJointTargetAlphaValue(),
+                        c.tilt);
+    }
+    OffensePlan::resetState();
 }
 
 TEST_F(AgentModelTest, RolesWithoutAPlanGiveNoCommand) {
