@@ -179,7 +179,8 @@ void AgentModel::pointHead(Command* command, const WorldModel* wm) {
     const float pan = headDecision(wm);
     if (wm->getFallRule() == FallRule::Attitude && standingUp()) {
         // The stand-ups are tuned with the head held straight: a sweeping or bowed head shifts
-        // the weight they balance.
+        // the weight they balance. Motion lab, real time, robot tipped over and got up by the
+        // attacker plan at once: on its feet 21 of 40 times with the head held, 7 of 40 without.
         setHead(command, wm, kHeadStep, 0.0F, 0.0F);
         return;
     }
