@@ -16,6 +16,7 @@
 #include "utilities/logging/Debugger.h"
 #include "utilities/net/Connection.h"
 #include "utilities/signals/SignalHandler.h"
+#include "worldmodel/FallRule.h"
 #include "worldmodel/Share.h"
 #include "worldmodel/WorldModel.h"
 
@@ -180,14 +181,28 @@ Command* AgentModel::decide() {
 
 void AgentModel::pointHead(Command* command, const WorldModel* wm) {
     const float speed = headSpeed;
-    setHead(command, wm, speed, headDecision(wm));
+    const float pan = headDecision(wm);
+    if (wm->getFallRule() == FallRule::Attitude && standingUp()) {
+        // The stand-ups are tuned with the head held straight: a sweeping or bowed head shifts
+        // the weight they balance. Motion lab, real time, robot tipped over and got up by the
+        // attacker plan at once: on its feet 21 of 40 times with the head held, 7 of 40 without.
+        setHead(command, wm, kHeadStep, 0.0F, 0.0F);
+        return;
+    }
+    setHead(command, wm, speed, pan, kHeadTilt);
 }
 
-void AgentModel::setHead(Command* command, const WorldModel* wm, float speed, float pan) {
+bool AgentModel::standingUp() {
+    return GoalKeeperPlan::name == "standup" || DefencePlan::name == "standup" ||
+           OffensePlan::name == "standup";
+}
+
+void AgentModel::setHead(Command* command, const WorldModel* wm, float speed, float pan,
+                         float tilt) {
     command->getHeadCommand().getHingeJointCommand(0).setJointTargetAlphaAndVelocityValue(
         pan, speed, kHeadPrecision);
     command->getHeadCommand().getHingeJointCommand(1).setJointTargetAlphaAndVelocityValue(
-        kHeadTilt, kHeadTiltSpeed, kHeadPrecision);
+        tilt, kHeadTiltSpeed, kHeadPrecision);
     command->setHeadJointsCommands();
     Debugger::message("Main", "AgentModel", __LINE__,
                       "acting turn, gyro y " + Str(wm->getSelf()->getGyroRate().y).getValue());

@@ -55,8 +55,9 @@ public:
     // speed to 7 degrees per cycle.
     float headDecision(const WorldModel* world);
     // Step 4 of the acting turn on `command`: the pan target of headDecision with the speed the
-    // previous decision left, the tilt held at -20 degrees. Also for tools that drive the head
-    // as the player does.
+    // previous decision left, the tilt held at -20 degrees; under the fall rule `Attitude` the
+    // head is held straight (pan and tilt 0) while the plan plays a stand-up. Also for tools that
+    // drive the head as the player does.
     void pointHead(Command* command, const WorldModel* wm);
 
     // The head pan target of the current cycle, degrees.
@@ -84,7 +85,9 @@ private:
     // Steps of the turn, in the order cycle() calls them.
     bool receive();
     Command* decide();
-    void setHead(Command* command, const WorldModel* wm, float speed, float pan);
+    void setHead(Command* command, const WorldModel* wm, float speed, float pan, float tilt);
+    // Whether the role's plan is playing a stand-up.
+    static bool standingUp();
     void send(const Command* command);
     void handOver(Command* command);
 

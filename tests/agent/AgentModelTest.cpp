@@ -9,6 +9,9 @@
 #include <vector>
 
 #include "body/Body.h"
+#include "commands/Command.h"
+#include "plans/OffensePlan.h"
+#include "plans/SubBehaviour.h"
 #include "support/Files.h"
 #include "utilities/config/Config.h"
 #include "utilities/logging/LogFile.h"
@@ -104,6 +107,39 @@ TEST_F(AgentSignalDeathTest, TerminationSignalsLogTheirLineAndExitWithStatusOne)
         },
         ::testing::ExitedWithCode(1), "");
     EXPECT_EQ(mainLog(), "DECISON: SIGNAL: Killed!\n");
+}
+
+TEST_F(AgentModelTest, HeadIsHeldStraightWhileAStandUpPlaysUnderTheAttitudeRule) {
+    // Pan and tilt targets (degrees) for each fall rule, with and without a stand-up playing.
+    struct Case {
+        const char* rule;
+        bool standingUp;
+        float pan;
+        float tilt;
+    };
+    for (const Case& c : {Case{"Attitude", true, 0.0F, 0.0F}, Case{"Attitude", false, 7.0F, -20.0F},
+                          Case{"Landmarks", true, 7.0F, -20.0F}}) {
+        SCOPED_TRACE(std::string(c.rule) + (c.standingUp ? " standing up" : " walking"));
+        Config::resetState();
+        AgentModel::resetState();
+        const std::string data = std::string(KORVEL_SOURCE_DIR) + "/Data/ConfigurationData/";
+        for (const char* name : {"ServerInitialize", "WorldModelParameters"}) {
+            config.add(name, data + name + ".conf");
+        }
+        config["WorldModelParameters"]["Fall"].add("Rule", c.rule);
+        WorldModel world;
+        world.update("(time (now 1.00))(GS (t 0.00) (pm BeforeKickOff))");  // reads the rule
+        OffensePlan::name = c.standingUp ? subbehaviour::kStandUp : subbehaviour::kDash;
+        AgentModel agent;
+        Body body;
+        Command command(&body);
+        agent.pointHead(&command, &world);
+        EXPECT_FLOAT_EQ(command.getHeadCommand().getHingeJointCommand(0).getJointTargetAlphaValue(),
+                        c.pan);
+        EXPECT_FLOAT_EQ(command.getHeadCommand().getHingeJointCommand(1).getJointTargetAlphaValue(),
+                        c.tilt);
+    }
+    OffensePlan::resetState();
 }
 
 }  // namespace

@@ -609,6 +609,74 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
     return result;
 }
 
+// A fall as in a game, got up from by the player's own plan: the robot is tipped over (forwards
+// for "fall-front", backwards for "fall-back") with its head sweeping as the player drives it,
+// and from the first cycle the player's world model reads fallen the attacker plan runs, with
+// no pause to lie still, until 2 s after its first stand-up (and "Stop") has ended. Counts the
+// stand-ups the plan began and whether the robot is on its feet at the end. Like the stand-up
+// trials, each trial starts facing another way.
+Result fallAndGetUp(bool front, const LabSession::Options& options, int trial, double limit) {
+    LabSession::Options asInGame = options;
+    asInGame.headSweep = true;
+    Bench bench(asInGame, 0.0, 0.0, wrapDegrees(37.0 * trial));
+    if (!bench.ready) {
+        return noServer();
+    }
+    bench.mark();
+    Result result;
+    while (!bench.session.world().isFallen() && bench.elapsed() < 4.0) {
+        std::unique_ptr<Command> push = tipOver(front, bench.session.world().getSelf()->getBody());
+        push->setAllCommands();
+        if (!bench.session.step(push.get())) {
+            return noServer();
+        }
+    }
+    if (!bench.session.world().isFallen()) {
+        result.note = "could not tip the robot over";
+        return result;
+    }
+    bench.mark();
+    int standUps = 0;
+    bool began = false;
+    double endedAt = -1.0;
+    double upAt = -1.0;
+    // The plan goes on (the attacker walks) for 2 s after its first stand-up has ended.
+    while (bench.elapsed() < limit && (endedAt < 0.0 || bench.elapsed() - endedAt < 2.0)) {
+        const bool wasStandingUp = OffensePlan::name == "standup";
+        const std::unique_ptr<Command> command(bench.session.planAct(3));
+        if (!wasStandingUp && OffensePlan::name == "standup") {
+            ++standUps;
+            began = true;
+        }
+        if (began && endedAt < 0.0 && OffensePlan::name != "standup") {
+            endedAt = bench.elapsed();
+        }
+        if (bench.trace) {
+            std::cout << "trace plan " << OffensePlan::name << " step "
+                      << ConfigSkill::getCurrentConfigStepNumber() << " fallen "
+                      << bench.session.world().isFallen() << "\n";
+        }
+        if (!bench.stepWatching(command.get())) {
+            return noServer();
+        }
+        if (bench.session.standing() && upAt < 0.0) {
+            upAt = bench.elapsed();
+        } else if (!bench.session.standing()) {
+            upAt = -1.0;
+        }
+    }
+    const bool up = bench.session.standing();
+    result.values = {{"standing after s", up ? upAt : std::nan("")},
+                     {"stand-up ended s", endedAt},
+                     {"stand-ups", standUps},
+                     {"head m", bench.session.pose().headHeight}};
+    result.passed = up && standUps == 1;
+    if (!result.passed) {
+        result.note = up ? "stood up more than once" : "down at the end";
+    }
+    return result;
+}
+
 // The player's own plan for `role` with its head driven as in the game, from the role's
 // kick-off position (the "Beam" of its parameter file) with the ball on the centre spot.
 // Counts the falls (head below 0.25 m after standing), the time spent down and the stand-ups the
@@ -719,7 +787,8 @@ std::vector<std::string> motions() {
     std::vector<std::string> all = {
         "Walk",         "ShortWalk",   "Stop",     "LeftSideWalk", "RightSideWalk",
         "FrontStandUp", "BackStandUp", "LeftKick", "Style",        "dash-turn",
-        "dash-point",   "goalkeeper",  "defender", "attacker",     "standup-walking"};
+        "dash-point",   "goalkeeper",  "defender", "attacker",     "standup-walking",
+        "fall-front",   "fall-back"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);
@@ -753,6 +822,8 @@ std::string target(const std::string& motion) {
         {"goalkeeper", "the player's goalkeeper plan from kick-off, no fall"},
         {"defender", "the player's defender plan from kick-off, no fall"},
         {"attacker", "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"},
+        {"fall-front", "tipped forwards, head sweeping: the attacker plan gets it up at once"},
+        {"fall-back", "tipped backwards, head sweeping: the attacker plan gets it up at once"},
         {"standup-walking",
          "no fall alarm while walking (fall rule Attitude); the player's stand-up and Stop "
          "played by the walking robot (as after a false alarm) end standing"}};
@@ -795,6 +866,9 @@ Result run(const std::string& motion, const LabSession::Options& options, int tr
     }
     if (motion == "standup-walking") {
         return standUpWhileWalking(options, trial, limit(12.0));
+    }
+    if (motion == "fall-front" || motion == "fall-back") {
+        return fallAndGetUp(motion == "fall-front", options, trial, limit(10.0));
     }
     if (isTurn(motion)) {
         return turn(motion, options, limit(6.0));
