@@ -3,7 +3,7 @@
 # Runs apt-get only when something is missing, so a prepared machine starts at once.
 set -euo pipefail
 packages=(g++ make cmake libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
-  clang libclang-rt-14-dev clang-format)
+  clang libclang-rt-14-dev clang-format python3-scipy python3-matplotlib)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
