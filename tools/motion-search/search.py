@@ -37,19 +37,22 @@ COURSES = {
     'frontup': 'FrontStandUp',
     'backup': 'BackStandUp',
 }
-FALL = 20.0       # cost of a fall, whatever the course
+# A fall ends the course (the lab does not stand up) and costs as much as 5 m of progress more,
+# so that a robot that walks and falls does not beat one that walks less far on its feet, and
+# neither beats walking on.
+FALL = 5.0
 BROKEN = 100.0    # cost of a candidate whose sheets or lab run failed
 
 
 def course_cost(course, f):
     """Cost of one course's figures (a dict of motion-lab measurements); lower is better."""
     fell = FALL * f.get('fell', 0.0)
-    if course == 'straight':   # speed, and heading drift in degrees per 5 m
-        return -10.0 * f['speed m/s'] + 0.1 * f['drift deg/5m'] + fell
+    if course == 'straight':   # speed, and heading drift in degrees per 5 m (counted up to 40)
+        return -10.0 * f['speed m/s'] + 0.05 * min(f['drift deg/5m'], 40.0) + fell
     if course == 'targets':    # metres of progress towards the points, then time
-        return -0.2 * f['progress m'] + 0.02 * f['time s'] + fell
+        return -1.0 * f['progress m'] + 0.01 * f['time s'] + fell
     if course == 'sideways':   # speed, and heading change
-        return -10.0 * f['speed m/s'] + 0.05 * abs(f['turned deg']) + fell
+        return -10.0 * f['speed m/s'] + 0.05 * min(abs(f['turned deg']), 40.0) + fell
     if course == 'kick':       # ball distance, and aim
         return -0.5 * f['ball forward m'] + 0.3 * abs(f['ball sideways m']) + fell
     if course == 'stop':       # time to stand still (never: 4 s)
@@ -59,6 +62,13 @@ def course_cost(course, f):
         up = f['standing after s']
         return up if up >= 0.0 else 7.0
     raise ValueError('unknown course ' + course)
+
+
+def total_cost(figures, courses):
+    """A candidate's cost: the sum over the courses, BROKEN when it has no figures."""
+    if figures is None:
+        return BROKEN
+    return sum(course_cost(c, figures[c]) for c in courses)
 
 
 _ROW = re.compile(r'^(\S+)\s+(\d+)\s+(pass|FAIL)(.*)$')
@@ -146,6 +156,10 @@ class Evaluator:
         for k in range(args.servers):
             self.slots.put(k)
         self.lock = threading.Lock()
+        # Costs always follow from the stored figures, so that a change of the cost keeps the
+        # measurements.
+        for e in state['evaluations']:
+            e['cost'] = total_cost(e['figures'], args.courses)
         self.cache = {key(e['x']): e for e in state['evaluations']}
         self.fresh = 0
         self.started = time.time()
@@ -163,8 +177,7 @@ class Evaluator:
             self.slots.put(slot)
         if self.processes.stopping:
             raise KeyboardInterrupt  # cut short: not a measurement of this candidate
-        cost = BROKEN if figures is None else sum(
-            course_cost(c, figures[c]) for c in self.args.courses)
+        cost = total_cost(figures, self.args.courses)
         entry = {'x': x, 'cost': cost, 'figures': figures, 'note': note,
                  'shipped': same(x, self.state['shipped']), 'time': time.time()}
         with self.lock:

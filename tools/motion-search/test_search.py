@@ -78,9 +78,17 @@ class LabOutput(unittest.TestCase):
                      'drift deg/5m': 11.954, 'time s': 40.0, 'fell': 0.0}),
             (True, {'walked s': 2.13, 'back': 1.0})])
         walk = rows[0][1]
-        self.assertAlmostEqual(search.course_cost('straight', walk), -1.84 + 1.1954)
+        self.assertAlmostEqual(search.course_cost('straight', walk), -1.84 + 0.5977)
         self.assertAlmostEqual(search.course_cost('straight', dict(walk, fell=1.0)),
-                               -1.84 + 1.1954 + search.FALL)
+                               -1.84 + 0.5977 + search.FALL)
+        # Standing still must not beat walking, even walking into a fall on the course.
+        still = {'speed m/s': 0.0, 'drift deg/5m': 143.0, 'fell': 0.0}
+        stood = {'progress m': 0.0, 'time s': 180.0, 'fell': 0.0}
+        fell = {'progress m': 2.0, 'time s': 18.0, 'fell': 1.0}
+        self.assertLess(search.total_cost({'straight': walk, 'targets': fell},
+                                          ['straight', 'targets']),
+                        search.total_cost({'straight': still, 'targets': stood},
+                                          ['straight', 'targets']))
         self.assertEqual(search.course_cost('stop', {'still after s': -1.0, 'fell': 0.0}), 4.0)
 
 
