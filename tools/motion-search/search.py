@@ -37,7 +37,8 @@ COURSES = {
     'frontup': 'FrontStandUp',
     'backup': 'BackStandUp',
 }
-# A fall ends the course (the lab does not stand up) and costs as much as 5 m of progress more,
+# Costs are counted mostly in metres walked. A fall ends the course (the lab does not stand up)
+# and costs as much as 5 m of progress more,
 # so that a robot that walks and falls does not beat one that walks less far on its feet, and
 # neither beats walking on.
 FALL = 5.0
@@ -47,8 +48,9 @@ BROKEN = 100.0    # cost of a candidate whose sheets or lab run failed
 def course_cost(course, f):
     """Cost of one course's figures (a dict of motion-lab measurements); lower is better."""
     fell = FALL * f.get('fell', 0.0)
-    if course == 'straight':   # speed, and heading drift in degrees per 5 m (counted up to 40)
-        return -10.0 * f['speed m/s'] + 0.05 * min(f['drift deg/5m'], 40.0) + fell
+    if course == 'straight':   # metres and speed, heading drift in degrees per 5 m (up to 40)
+        return (-f['forward m'] - 10.0 * f['speed m/s'] + 0.05 * min(f['drift deg/5m'], 40.0)
+                + fell)
     if course == 'targets':    # metres of progress towards the points, then time
         return -1.0 * f['progress m'] + 0.01 * f['time s'] + fell
     if course == 'sideways':   # speed, and heading change
@@ -162,14 +164,16 @@ class Evaluator:
             e['cost'] = total_cost(e['figures'], args.courses)
         self.cache = {key(e['x']): e for e in state['evaluations']}
         self.fresh = 0
+        self.batch = []  # costs of the generation under way, replayed ones included
         self.started = time.time()
 
     def score(self, x):
         x = [float(v) for v in x]
         with self.lock:
             hit = self.cache.get(key(x))
-        if hit is not None:
-            return hit['cost']
+            if hit is not None:
+                self.batch.append(hit['cost'])
+                return hit['cost']
         slot = self.slots.get()
         try:
             figures, note = self.measure(x, slot)
@@ -183,6 +187,7 @@ class Evaluator:
         with self.lock:
             self.state['evaluations'].append(entry)
             self.cache[key(x)] = entry
+            self.batch.append(cost)
             self.fresh += 1
             save_state(self.args.state, self.state)
         return cost
@@ -412,12 +417,11 @@ def main(argv):
     size = args.popsize * len(sheets.NAMES)
     planned = size * (args.generations + 1)
     generation = [0]
-    seen = [0]
 
     def progress(xk, convergence=None):
         generation[0] += 1
-        batch = [e['cost'] for e in state['evaluations'][seen[0]:]]
-        seen[0] = len(state['evaluations'])
+        with evaluator.lock:
+            batch, evaluator.batch = evaluator.batch, []
         count = len(state['evaluations'])
         rate = evaluator.rate()
         eta = (planned - count) / rate if rate > 0 else float('nan')

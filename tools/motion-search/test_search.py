@@ -78,12 +78,12 @@ class LabOutput(unittest.TestCase):
                      'drift deg/5m': 11.954, 'time s': 40.0, 'fell': 0.0}),
             (True, {'walked s': 2.13, 'back': 1.0})])
         walk = rows[0][1]
-        self.assertAlmostEqual(search.course_cost('straight', walk), -1.84 + 0.5977)
+        self.assertAlmostEqual(search.course_cost('straight', walk), -7.37 - 1.84 + 0.5977)
         self.assertAlmostEqual(search.course_cost('straight', dict(walk, fell=1.0)),
-                               -1.84 + 0.5977 + search.FALL)
+                               -7.37 - 1.84 + 0.5977 + search.FALL)
         # Standing still must not beat walking, even walking into a fall on the course.
-        still = {'speed m/s': 0.0, 'drift deg/5m': 143.0, 'fell': 0.0}
-        stood = {'progress m': 0.0, 'time s': 180.0, 'fell': 0.0}
+        still = {'forward m': 0.17, 'speed m/s': 0.004, 'drift deg/5m': 1271.5, 'fell': 0.0}
+        stood = {'progress m': 3.6, 'time s': 180.0, 'fell': 0.0}
         fell = {'progress m': 2.0, 'time s': 18.0, 'fell': 1.0}
         self.assertLess(search.total_cost({'straight': walk, 'targets': fell},
                                           ['straight', 'targets']),
@@ -101,7 +101,8 @@ class Fake(search.Evaluator):
             raise KeyboardInterrupt
         drift = sum((v - (lo + hi) / 2) ** 2 / (hi - lo) ** 2
                     for v, (lo, hi) in zip(x, sheets.BOUNDS))
-        return {'straight': {'speed m/s': x[1], 'drift deg/5m': drift, 'fell': 0.0}}, ''
+        return {'straight': {'forward m': x[0], 'speed m/s': x[1], 'drift deg/5m': drift,
+                             'fell': 0.0}}, ''
 
 
 class Resume(unittest.TestCase):
