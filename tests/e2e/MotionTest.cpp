@@ -44,7 +44,7 @@ struct Floor {
 };
 
 // What the shipped motions reach where it falls short of the lab's target. Measured on this
-// test's sync-mode server and with motion-lab --sync, six trial-0 runs per motion on a loaded
+// test's sync-mode server and with motion-lab --sync, seven trial-0 runs per motion on a loaded
 // 2-core machine; the bounds sit below the worst run with a margin, because a motion near its
 // edge ends differently from run to run (the right side walk covered 1.38 m upright in one run
 // and fell after 13 s in another). A robot that falls is "fell 1"; times of -1 mean "never".
@@ -59,8 +59,6 @@ const std::map<std::string, std::vector<Floor>>& shippedFloors() {
         {"LeftSideWalk", {{"sideways m", true, 0.3}, {"time s", true, 18.0}}},
         // Upright for 13.3-30 s (three of five runs without a fall, 1.34-1.42 m to the side).
         {"RightSideWalk", {{"time s", true, 10.0}}},
-        // Standing after 4.3 s in three runs, still down (head at 0.28 m, sitting) in two.
-        {"BackStandUp", {{"head m", true, 0.2}}},
         // 4.09 m in every run, never fell.
         {"LeftKick", {{"fell", false, 0.0}, {"ball forward m", true, 3.0}}},
         // About after 6.8 s in four runs, 9.3 s in one; never fell.
@@ -80,6 +78,14 @@ const std::map<std::string, std::vector<Floor>>& shippedFloors() {
         {"go-to-targets", {{"progress m", true, 0.5}}},
     };
     return floors;
+}
+
+// Motions that meet their target in most runs but not all: each of these passes when one of a
+// few trials (each from another start, see trials::run) does. BackStandUp stood after 4.3 s in
+// 17 trials of 20 and stayed down (head at 0.06-0.28 m) in three.
+const std::map<std::string, int>& retriedMotions() {
+    static const std::map<std::string, int> tries = {{"BackStandUp", 3}};
+    return tries;
 }
 
 class MotionTest : public testing::TestWithParam<std::string> {};
@@ -114,29 +120,43 @@ TEST_P(MotionTest, HoldsWhatTheShippedMotionReaches) {
     options.agentPort = agentPort;
     options.monitorPort = monitorPort;
     options.sync = true;
-    const trials::Result result = trials::run(GetParam(), options, 0);
-    std::string measured;
-    for (const auto& [name, value] : result.values) {
-        measured += " " + name + " " + std::to_string(value);
+    // What keeps the trial's result from passing; empty when it passes.
+    const auto shortfall = [](const std::string& motion, const trials::Result& result) {
+        const auto floors = shippedFloors().find(motion);
+        if (floors == shippedFloors().end()) {
+            return result.passed ? std::string() : trials::target(motion) + "; " + result.note;
+        }
+        if (result.values.empty()) {
+            return "nothing measured: " + result.note;
+        }
+        std::string missed;
+        for (const Floor& floor : floors->second) {
+            const double value = result.value(floor.measurement);
+            if (!(floor.atLeast ? value >= floor.bound : value <= floor.bound)) {
+                missed += floor.measurement + " " + std::to_string(value) +
+                          (floor.atLeast ? " below " : " above ") + std::to_string(floor.bound) +
+                          "; ";
+            }
+        }
+        return missed.empty() ? missed : missed + result.note;
+    };
+    const auto tries = retriedMotions().find(GetParam());
+    const int allowed = tries == retriedMotions().end() ? 1 : tries->second;
+    std::string failures;
+    bool passed = false;
+    for (int trial = 0; trial < allowed && !passed; ++trial) {
+        const trials::Result result = trials::run(GetParam(), options, trial);
+        std::string measured;
+        for (const auto& [name, value] : result.values) {
+            measured += " " + name + " " + std::to_string(value);
+        }
+        // Printed in every run, so that a log of the suite records what each motion reached.
+        std::cout << GetParam() << " measured:" << measured << "\n";
+        const std::string missed = shortfall(GetParam(), result);
+        passed = missed.empty();
+        failures += "trial " + std::to_string(trial + 1) + ": " + missed + "\n";
     }
-    // Printed in every run, so that a log of the suite records what each motion reached.
-    std::cout << GetParam() << " measured:" << measured << "\n";
-    const auto floors = shippedFloors().find(GetParam());
-    if (floors == shippedFloors().end()) {
-        EXPECT_TRUE(result.passed) << GetParam() << ": " << trials::target(GetParam()) << "\n"
-                                   << "measured:" << measured << "\n"
-                                   << result.note;
-        return;
-    }
-    ASSERT_TRUE(result.note.empty() || !result.values.empty()) << result.note;
-    for (const Floor& floor : floors->second) {
-        const double value = result.value(floor.measurement);
-        EXPECT_TRUE(floor.atLeast ? value >= floor.bound : value <= floor.bound)
-            << GetParam() << ": " << floor.measurement << " " << value
-            << (floor.atLeast ? " below " : " above ") << floor.bound << "\n"
-            << "measured:" << measured << "\n"
-            << result.note;
-    }
+    EXPECT_TRUE(passed) << GetParam() << "\n" << failures;
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryMotion, MotionTest, testing::ValuesIn(trials::motions()),
