@@ -4,7 +4,7 @@
 set -euo pipefail
 # python3: the key-frame sheets (tools/keyframes, standard library only) that the tests rerun.
 packages=(g++ make cmake libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
-  clang libclang-rt-14-dev clang-format clang-tidy python3 python3-matplotlib)
+  clang libclang-rt-14-dev clang-format clang-tidy python3 python3-scipy python3-matplotlib)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

@@ -21,7 +21,8 @@ namespace realserver {
 namespace {
 
 // The installed settings file (<prefix>/share/simspark/spark.rb beside <prefix>/bin), made
-// single-threaded and optionally synchronous, written to <home>/.simspark/spark.rb.
+// single-threaded and optionally synchronous, written to <home>/.simspark/spark.rb; when
+// synchronous, also the main script without its real-time timer, written to <home>.
 void writeSettings(const std::string& binary, const std::string& home, bool sync) {
     namespace fs = std::filesystem;
     const fs::path installed =
@@ -43,6 +44,21 @@ void writeSettings(const std::string& binary, const std::string& home, bool sync
     }
     fs::create_directories(fs::path(home) / ".simspark");
     std::ofstream(fs::path(home) / ".simspark" / "spark.rb") << settings;
+    if (!sync) {
+        return;
+    }
+    // The main script also starts the real-time timer, which would pace the synchronous
+    // simulation at one cycle per 20 ms. A copy without it in the server's working directory
+    // is found before the installed one.
+    std::ifstream mainScript(fs::path(binary).parent_path().parent_path() / "share" /
+                             "rcssserver3d" / "rcssserver3d.rb");
+    if (!mainScript) {
+        return;
+    }
+    std::stringstream script;
+    script << mainScript.rdbuf();
+    std::ofstream(fs::path(home) / "rcssserver3d.rb") << std::regex_replace(
+        script.str(), std::regex(R"(\$enableRealTimeMode = true)"), "$$enableRealTimeMode = false");
 }
 
 }  // namespace

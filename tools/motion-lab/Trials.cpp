@@ -609,6 +609,71 @@ Result dash(bool aboutTurn, const LabSession::Options& options, double limit) {
     return result;
 }
 
+// The "go to targets" course: the dash to five points in turn, each 5 to 5.7 m from the last and
+// 37 to 180 degrees off the way the robot faces on arrival, standing still at each before the
+// next, head sweeping as in a game. Every transition a game chains (walk, stop, turn, walk on)
+// is in it. Stops at the first fall: the dash does not stand up.
+Result goToTargets(const LabSession::Options& options, double limit) {
+    // From (-8, 0) facing +x: turns of 37, -82, -82, -90 and 180 degrees (metres).
+    static const std::vector<std::pair<double, double>> points = {
+        {-4.0, 3.0}, {0.0, -1.0}, {-3.0, -5.0}, {-7.0, -2.0}, {-3.0, -5.0}};
+    LabSession::Options asInGame = options;
+    asInGame.headSweep = true;
+    Bench bench(asInGame, -8.0, 0.0, 0.0);
+    if (!bench.ready) {
+        return noServer();
+    }
+    bench.mark();
+    double fromX = bench.origin.x;
+    double fromY = bench.origin.y;
+    double legStart = 0.0;
+    double reachedMetres = 0.0;
+    // Seconds by which the slowest leg overran its allowance (its length at 0.3 m/s, plus 5 s);
+    // negative when every leg finished inside it.
+    double worstOverrun = -1e9;
+    std::size_t leg = 0;
+    while (leg < points.size() && bench.elapsed() < limit && bench.fellAt < 0.0) {
+        const auto [tx, ty] = points[leg];
+        const math::Point target(static_cast<float>(tx), static_cast<float>(ty), 0.0F);
+        DashNormalGotoPoint step(target, bench.session.world(), false);
+        std::unique_ptr<Command> command(step.getCommand());
+        if (!bench.stepWatching(command.get())) {
+            return noServer();
+        }
+        if (step.isFinished()) {
+            const double length = std::hypot(tx - fromX, ty - fromY);
+            const double took = bench.elapsed() - legStart;
+            worstOverrun = std::max(worstOverrun, took - (length / 0.3 + 5.0));
+            reachedMetres += length;
+            fromX = tx;
+            fromY = ty;
+            legStart = bench.elapsed();
+            ++leg;
+        }
+    }
+    double progress = reachedMetres;
+    if (leg < points.size()) {
+        // The unfinished leg counts with the part of it already covered.
+        const auto [tx, ty] = points[leg];
+        const double length = std::hypot(tx - fromX, ty - fromY);
+        const LabSession::Pose& pose = bench.session.pose();
+        progress += std::max(0.0, length - std::hypot(tx - pose.x, ty - pose.y));
+    }
+    Result result;
+    result.values = {{"legs", static_cast<double>(leg)},
+                     {"progress m", progress},
+                     {"worst overrun s", leg > 0 ? worstOverrun : bench.elapsed()},
+                     {"time s", bench.elapsed()}};
+    addFall(result, bench);
+    result.passed = bench.fellAt < 0.0 && leg == points.size() && worstOverrun <= 0.0;
+    if (!result.passed && result.note.empty()) {
+        result.note = leg < points.size() ? "reached " + std::to_string(leg) + " of " +
+                                                std::to_string(points.size()) + " points"
+                                          : "a leg too slow";
+    }
+    return result;
+}
+
 // A fall as in a game, got up from by the player's own plan: the robot is tipped over (forwards
 // for "fall-front", backwards for "fall-back") with its head sweeping as the player drives it,
 // and from the first cycle the player's world model reads fallen the attacker plan runs, with
@@ -785,10 +850,10 @@ double Result::value(const std::string& name) const {
 
 std::vector<std::string> motions() {
     std::vector<std::string> all = {
-        "Walk",         "ShortWalk",   "Stop",     "LeftSideWalk", "RightSideWalk",
-        "FrontStandUp", "BackStandUp", "LeftKick", "Style",        "dash-turn",
-        "dash-point",   "goalkeeper",  "defender", "attacker",     "standup-walking",
-        "fall-front",   "fall-back"};
+        "Walk",         "ShortWalk",   "Stop",         "LeftSideWalk", "RightSideWalk",
+        "FrontStandUp", "BackStandUp", "LeftKick",     "Style",        "dash-turn",
+        "dash-point",   "goalkeeper",  "defender",     "attacker",     "standup-walking",
+        "fall-front",   "fall-back",   "go-to-targets"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);
@@ -819,6 +884,9 @@ std::string target(const std::string& motion) {
         {"Style", "ends standing"},
         {"dash-turn", "the dash turns about (180 deg) within 8 s, no fall"},
         {"dash-point", "the dash reaches a point 5 m away at 90 deg within 40 s, no fall"},
+        {"go-to-targets",
+         "the dash to 5 points 5-5.7 m apart with turns of 37-180 deg, each leg within its "
+         "length at 0.3 m/s plus 5 s, no fall"},
         {"goalkeeper", "the player's goalkeeper plan from kick-off, no fall"},
         {"defender", "the player's defender plan from kick-off, no fall"},
         {"attacker", "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"},
@@ -863,6 +931,9 @@ Result run(const std::string& motion, const LabSession::Options& options, int tr
     }
     if (motion == "dash-point") {
         return dash(false, options, limit(60.0));
+    }
+    if (motion == "go-to-targets") {
+        return goToTargets(options, limit(180.0));
     }
     if (motion == "standup-walking") {
         return standUpWhileWalking(options, trial, limit(12.0));

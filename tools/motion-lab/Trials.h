@@ -24,7 +24,8 @@ struct Result {
 // "LeftSideWalk", "RightSideWalk", "Style", "FrontStandUp", "BackStandUp", "TurnLeft40" ...)
 // and the dash trials "dash-turn" (about turn, at most 8 s) and "dash-point" (5 m away and
 // 90 degrees to the side, at most 40 s), and "goalkeeper", "defender" and "attacker": the
-// player's own plan for that role from kick-off, head sweeping as in the game.
+// player's own plan for that role from kick-off, head sweeping as in the game, and the course
+// "go-to-targets": the dash to five points in turn with stops and turns between.
 bool known(const std::string& motion);
 std::vector<std::string> motions();
 // The target the trial checks, in words.
