@@ -39,7 +39,9 @@ void PlayerProcess::setConfigValue(const std::string& dir, const std::string& fi
             currentGroup = line.substr(1, line.find(']') - 1);
         } else if (!done && currentGroup == group &&
                    line.substr(0, line.find_first_of(" =")) == key) {
-            line = key + " = " + value;
+            line = key;
+            line += " = ";
+            line += value;
             done = true;
         }
         text += line + '\n';
@@ -55,6 +57,7 @@ PlayerProcess::PlayerProcess(std::string runDir, const std::vector<std::string>&
     std::vector<std::string> words{std::string(KORVEL_BINARY_DIR) + "/korvel"};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (std::string& word : words) {
         argv.push_back(word.data());
     }

@@ -84,6 +84,7 @@ std::string skillFile(const TestSkill& skill) {
     const std::string v = std::to_string(static_cast<int>(kSpeed));
     const std::string two = v + " " + v;
     const std::string four = two + " " + two;
+    const std::string six = four + " " + two;
     std::vector<skilltest::StepKeys> steps;
     for (unsigned int s = 0; s < skill.steps; ++s) {
         const auto marker = static_cast<int>(skill.base) + static_cast<int>(s) + 1;
@@ -91,8 +92,8 @@ std::string skillFile(const TestSkill& skill) {
                                          {"Head::PInstance", two},
                                          {"Arm::PLeft", four},
                                          {"Arm::PRight", four},
-                                         {"Leg::PLeft", four + " " + two},
-                                         {"Leg::PRight", four + " " + two}}));
+                                         {"Leg::PLeft", six},
+                                         {"Leg::PRight", six}}));
     }
     return skilltest::skillText(steps, static_cast<int>(skill.loop));
 }

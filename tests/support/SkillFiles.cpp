@@ -35,7 +35,10 @@ std::string skillText(const std::vector<StepKeys>& steps, int loopStep) {
     for (std::size_t s = 0; s < steps.size(); ++s) {
         text += "\n[Step" + std::to_string(s + 1) + "]\n";
         for (const auto& [key, value] : steps[s]) {
-            text += key + " = " + value + "\n";
+            text += key;
+            text += " = ";
+            text += value;
+            text += '\n';
         }
     }
     return text;
