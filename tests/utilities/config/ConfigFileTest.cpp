@@ -171,8 +171,8 @@ TEST(ConfigArgumentsTest, OptionsWriteTheirKeysOrPrintTheUsage) {
             server.addGroup(group);
         }
         logger.addGroup("Logger");
-        std::vector<std::string> words = c.arguments;
-        words.insert(words.begin(), "./korvel");
+        std::vector<std::string> words{"./korvel"};
+        words.insert(words.end(), c.arguments.begin(), c.arguments.end());
         std::vector<char*> argv;
         argv.reserve(words.size() + 1);
         for (std::string& word : words) {
