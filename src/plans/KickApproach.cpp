@@ -1,13 +1,39 @@
 #include "plans/KickApproach.h"
 
 #include <cmath>
+#include <map>
+#include <string>
 
 #include "math/Angles.h"
 #include "math/Geometry.h"
 #include "utilities/config/Config.h"
 #include "utilities/config/ConfigError.h"
+#include "utilities/config/ConfigRevision.h"
 
 namespace {
+
+// Values read from a configuration group, with the configuration's revision when they were read:
+// the plans consult them every cycle, the text is parsed again only after the store has changed.
+// The revision only ever grows (ConfigRevision), so a kept value never outlives its text.
+template <typename T>
+struct Kept {
+    unsigned long revision;
+    T value;
+};
+
+template <typename T, typename Parse>
+T keptValue(std::map<std::string, Kept<T>>& kept, const std::string& configuration,
+            const std::string& group, Parse parse) {
+    const unsigned long now = ConfigRevision::current();
+    const std::string name = configuration + '/' + group;
+    const auto found = kept.find(name);
+    if (found != kept.end() && found->second.revision == now) {
+        return found->second.value;
+    }
+    const T value = parse(configuration, group);
+    kept.insert_or_assign(name, Kept<T>{now, value});
+    return value;
+}
 
 // How far beyond the ball the run-up aims (metres): the kick switch fires before it is reached.
 constexpr float kRunThrough = 1.0F;
@@ -113,6 +139,18 @@ bool KickApproach::isKickPosition(math::Point self, float heading, math::Point b
 
 KickApproach::Parameters KickApproach::readParameters(const std::string& configuration,
                                                       const std::string& group) {
+    static std::map<std::string, Kept<Parameters>> kept;
+    return keptValue(kept, configuration, group, parseParameters);
+}
+
+KickApproach::Switch KickApproach::readSwitch(const std::string& configuration,
+                                              const std::string& group) {
+    static std::map<std::string, Kept<Switch>> kept;
+    return keptValue(kept, configuration, group, parseSwitch);
+}
+
+KickApproach::Parameters KickApproach::parseParameters(const std::string& configuration,
+                                                       const std::string& group) {
     const ConfigGroup& values = config[configuration][group];
     Parameters parameters;
     parameters.approachDistance = positiveValue(values, configuration, group, "ApproachDistance");
@@ -122,8 +160,8 @@ KickApproach::Parameters KickApproach::readParameters(const std::string& configu
     return parameters;
 }
 
-KickApproach::Switch KickApproach::readSwitch(const std::string& configuration,
-                                              const std::string& group) {
+KickApproach::Switch KickApproach::parseSwitch(const std::string& configuration,
+                                               const std::string& group) {
     const ConfigGroup& values = config[configuration][group];
     Switch limits;
     limits.maxDistance = values["MaxBallDistance"].asFloat();

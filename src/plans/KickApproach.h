@@ -54,4 +54,8 @@ public:
     static Switch readSwitch(const std::string& configuration, const std::string& group);
 
     static const char* phaseName(Phase phase);
+
+private:
+    static Parameters parseParameters(const std::string& configuration, const std::string& group);
+    static Switch parseSwitch(const std::string& configuration, const std::string& group);
 };

@@ -3,16 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "utilities/config/Config.h"
+#include "math/Angles.h"
+#include "utilities/config/Settings.h"
 #include "worldmodel/WorldModel.h"
-
-namespace {
-constexpr double kDegToRad = 3.141592653589793 / 180.0;
-
-float fieldValue(const char* key) {
-    return config["WorldModelParameters"]["Field"][key].asFloat();
-}
-}  // namespace
 
 float Pitch::attackSign(const WorldModel& wm) {
     return wm.getSide() == 2 ? -1.0F : 1.0F;
@@ -38,19 +31,19 @@ math::Point Pitch::inside(math::Point p, float margin) {
 }
 
 float Pitch::halfLength() {
-    return fieldValue("Length") * 0.5F;
+    return settings::fieldLength() * 0.5F;
 }
 
 float Pitch::halfWidth() {
-    return fieldValue("Width") * 0.5F;
+    return settings::fieldWidth() * 0.5F;
 }
 
 float Pitch::goalWidth() {
-    return fieldValue("GoalWidth");
+    return settings::goalWidth();
 }
 
 float Pitch::sideStepY(const WorldModel& wm, float y) {
-    const double heading = static_cast<double>(wm.getSelf()->getBodyDirection()) * kDegToRad;
+    const double heading = math::toRadians(static_cast<double>(wm.getSelf()->getBodyDirection()));
     if (std::cos(heading) >= 0.0) {
         return y;
     }

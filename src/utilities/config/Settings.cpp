@@ -39,19 +39,4 @@ float ballRadius() {
     return setting.get();
 }
 
-float kickMaxBallDistance() {
-    static const ConfigSetting<float> setting("OffenseParameters", "Kick", "MaxBallDistance");
-    return setting.get();
-}
-
-float kickMaxBallBearing() {
-    static const ConfigSetting<float> setting("OffenseParameters", "Kick", "MaxBallBearing");
-    return setting.get();
-}
-
-float kickMaxHeadingError() {
-    static const ConfigSetting<float> setting("OffenseParameters", "Kick", "MaxHeadingError");
-    return setting.get();
-}
-
 }  // namespace settings

@@ -19,10 +19,4 @@ float fieldWidth();
 float goalWidth();
 float ballRadius();
 
-// "OffenseParameters": "Kick" / "MaxBallDistance" (metres), "MaxBallBearing" and
-// "MaxHeadingError" (degrees).
-float kickMaxBallDistance();
-float kickMaxBallBearing();
-float kickMaxHeadingError();
-
 }  // namespace settings
