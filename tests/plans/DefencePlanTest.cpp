@@ -29,18 +29,9 @@ TEST_F(DefencePlanTest, FirstCycleIsAlreadyASideStepTowardsTheBall) {
               "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 0) (rle6 0)"
               "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 0) (lle6 0)"
               "(Say )");
-}
-
-TEST_F(DefencePlanTest, BallOnTheOtherSideStepsRight) {
-    scene.x = -8.0F;
-    scene.ballX = -3.0F;
-    scene.ballY = -1.2F;
-    cycle<DefencePlan>("Defence");
-    EXPECT_EQ(BasicSideWalk::getSideWalkSide(), "RightSideWalk");
-    EXPECT_EQ(lastMarker, marker("RightSideWalk", 0));
     // Later cycles take no style step.
     cycle<DefencePlan>("Defence");
-    EXPECT_EQ(lastMarker, marker("RightSideWalk", 1));
+    EXPECT_EQ(lastMarker, marker("LeftSideWalk", 1));
 }
 
 }  // namespace

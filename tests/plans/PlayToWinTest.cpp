@@ -39,6 +39,8 @@ TEST(KickApproach, WalksRoundTheBallThenRunsUpAlongTheKickLine) {
         {"near the run-up's start", {-0.5F, 0.3F}, {0, 0}, {15, 0}, Phase::RunUp, {1, -0.055F}},
         {"right team, goal at -15", {5, 0.055F}, {3, 0}, {-15, 0}, Phase::RunUp, {2, 0.055F}},
         {"right team, in front", {1, 0}, {3, 0}, {-15, 0}, Phase::Round, {3, -0.7F}},
+        // Aimed at the goal centre from (12, 3): 0.6 m back along the diagonal, 0.055 m right.
+        {"ball near a corner", {8, 8}, {12, 3}, {15, 0}, Phase::Behind, {11.53684F, 3.38537F}},
     };
     for (const Case& c : cases) {
         const KickApproach::Target t = KickApproach::target(c.self, c.ball, c.goal, p);
@@ -46,17 +48,6 @@ TEST(KickApproach, WalksRoundTheBallThenRunsUpAlongTheKickLine) {
         EXPECT_NEAR(t.point.getX(), c.target.getX(), 1e-4F) << c.what;
         EXPECT_NEAR(t.point.getY(), c.target.getY(), 1e-4F) << c.what;
     }
-}
-
-TEST(KickApproach, AimedBallAtTheGoalCornerRunsUpAlongTheDiagonal) {
-    // Ball at (12, 3), goal centre (15, 0): the run-up starts 0.6 m behind the ball on the
-    // diagonal, 0.055 m to its right.
-    const KickApproach::Target t =
-        KickApproach::target({8, 8}, {12, 3}, {15, 0}, KickApproach::Parameters{});
-    const float r = 1.0F / std::sqrt(2.0F);
-    EXPECT_EQ(t.phase, Phase::Behind);
-    EXPECT_NEAR(t.point.getX(), 12 - 0.6F * r - 0.055F * r, 1e-4F);
-    EXPECT_NEAR(t.point.getY(), 3 + 0.6F * r - 0.055F * r, 1e-4F);
 }
 
 TEST(KickApproach, SwitchFiresCloseBehindTheBallFacingTheKick) {
@@ -70,7 +61,11 @@ TEST(KickApproach, SwitchFiresCloseBehindTheBallFacingTheKick) {
     const Case cases[] = {
         {"ball at the left foot", {0.2F, 0.05F}, 0, 0, true},
         {"too far", {0.4F, 0}, 0, 0, false},
+        {"just in reach", {0.35F, 0}, 0, 0, true},
         {"behind the robot", {-0.2F, 0}, 0, 0, false},
+        {"level with the robot", {0, 0}, 0, 0, false},
+        {"facing the largest error off", {0.2F, 0}, -45, 0, true},
+        {"facing just beyond it", {0.2F, 0}, 46, 0, false},
         {"beside it", {0.1F, 0.1F}, 0, 0, false},
         {"facing off the kick", {0.2F, 0}, 60, 0, false},
         {"kicking towards -x", {-0.2F, -0.05F}, 180, 180, true},

@@ -147,14 +147,6 @@ float marker(const std::string& skill, unsigned int step) {
     return find(skill).base + static_cast<float>(step + 1);
 }
 
-unsigned int stepCount(const std::string& skill) {
-    return find(skill).steps;
-}
-
-unsigned int loopStep(const std::string& skill) {
-    return find(skill).loop - 1;
-}
-
 namespace {
 
 struct Landmark {
@@ -170,28 +162,28 @@ std::vector<Landmark> cornerFlags() {
     return {{"F1L", -hx, hy}, {"F2L", -hx, -hy}, {"F1R", hx, hy}, {"F2R", hx, -hy}};
 }
 
-constexpr double kDegToRad = 3.141592653589793 / 180.0;
-
-// "(pol d h v)" of a point seen from (x, y) at height 0 by a camera whose heading is `heading`
-// (degrees); the point itself lies `dz` above the camera.
-std::string polar(double dx, double dy, double dz, double heading) {
-    const double c = std::cos(-heading * kDegToRad);
-    const double s = std::sin(-heading * kDegToRad);
-    const double rx = c * dx - s * dy;
-    const double ry = s * dx + c * dy;
-    const double d = std::sqrt(rx * rx + ry * ry + dz * dz);
-    const double h = std::atan2(ry, rx) / kDegToRad;
-    const double v = d > 0.0 ? std::asin(dz / d) / kDegToRad : 0.0;
-    char text[96];
-    std::snprintf(text, sizeof text, "(pol %.6f %.6f %.6f)", d, h, v);
-    return text;
-}
-
 const char* kJointNames[] = {"hj1",  "hj2",  "raj1", "raj2", "raj3", "raj4", "laj1", "laj2",
                              "laj3", "laj4", "rlj1", "rlj2", "rlj3", "rlj4", "rlj5", "rlj6",
                              "llj1", "llj2", "llj3", "llj4", "llj5", "llj6"};
 
 }  // namespace
+
+std::string polar(double dx, double dy, double dz, double heading, double tilt) {
+    constexpr double kDegToRad = 3.141592653589793 / 180.0;
+    // Turn the camera to its heading, then pitch it down by -tilt.
+    const double c = std::cos(-heading * kDegToRad);
+    const double s = std::sin(-heading * kDegToRad);
+    const double ax = c * dx - s * dy;
+    const double ry = s * dx + c * dy;
+    const double pitch = -tilt * kDegToRad;
+    const double rx = ax * std::cos(pitch) - dz * std::sin(pitch);
+    const double rz = ax * std::sin(pitch) + dz * std::cos(pitch);
+    const double d = std::sqrt(dx * dx + dy * dy + dz * dz);
+    char text[96];
+    std::snprintf(text, sizeof text, "(pol %.6f %.6f %.6f)", d, std::atan2(ry, rx) / kDegToRad,
+                  std::atan2(rz, std::hypot(rx, ry)) / kDegToRad);
+    return text;
+}
 
 std::string message(const Scene& scene) {
     std::ostringstream out;

@@ -22,9 +22,6 @@ void resetSkillState();
 
 // The marker angle (degrees) of step `step` (from 0) of the test skill `skill`.
 float marker(const std::string& skill, unsigned int step);
-// Number of steps and loop step (from 0) of the test skill `skill`.
-unsigned int stepCount(const std::string& skill);
-unsigned int loopStep(const std::string& skill);
 
 // The target (degrees) of the left shoulder joint lae1 in `command`: the marker of the step the
 // command was taken from.
@@ -51,6 +48,10 @@ struct Scene {
     float accY = 0.0F;
     float accZ = 9.81F;
 };
+
+// The "(pol distance horizontal vertical)" list of a point `dx`, `dy`, `dz` metres away (field
+// axes) as a camera turned to `heading` and pitched by `tilt` (degrees, negative down) sees it.
+std::string polar(double dx, double dy, double dz, double heading, double tilt = 0.0);
 
 // The message text of `scene`, as the server sends it (without the length prefix).
 std::string message(const Scene& scene);

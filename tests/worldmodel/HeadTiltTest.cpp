@@ -7,27 +7,14 @@
 #include <sstream>
 #include <string>
 
-#include "math/Angles.h"
+#include "support/MotionWorld.h"
 #include "worldmodel/WorldModelTesting.h"
 
 namespace {
 
-// What a robot facing +x sees: the two far corner flags and the ball. The "pol" text of a field
-// point as seen from a camera at (x, y, height) facing +x, pitched
-// `tilt` degrees (negative down).
+// What a robot facing +x with its camera `height` m up and pitched `tilt` degrees sees of a point.
 std::string seen(double px, double py, double pz, double x, double y, double height, double tilt) {
-    const double dx = px - x;
-    const double dy = py - y;
-    const double dz = pz - height;
-    const double pitch = -tilt * math::kPi / 180.0;  // down is positive here
-    // Into the camera frame: the inverse of turning the camera down by `pitch`.
-    const double cx = dx * std::cos(pitch) - dz * std::sin(pitch);
-    const double cz = dx * std::sin(pitch) + dz * std::cos(pitch);
-    const double distance = std::sqrt(dx * dx + dy * dy + dz * dz);
-    std::ostringstream out;
-    out << "(pol " << distance << " " << std::atan2(dy, cx) * 180.0 / math::kPi << " "
-        << std::atan2(cz, std::hypot(cx, dy)) * 180.0 / math::kPi << ")";
-    return out.str();
+    return motiontest::polar(px - x, py - y, pz - height, 0.0, tilt);
 }
 
 std::string message(double x, double y, double ballX, double ballY, double tilt,

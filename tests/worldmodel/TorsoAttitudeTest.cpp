@@ -9,8 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "utilities/parsing/SExpression.h"
-#include "worldmodel/PerceptReader.h"
 #include "worldmodel/WorldModelTesting.h"
 
 namespace {
@@ -155,19 +153,6 @@ TEST_F(TorsoAttitudeTest, LeanNamesTheSideTowardsTheGround) {
         ASSERT_TRUE(wm.update(messageAt(0, reading)));
         EXPECT_STREQ(TorsoAttitude::leanName(wm.getAttitude().getLean()), lean);
     }
-}
-
-TEST_F(TorsoAttitudeTest, RealAccelerometerListIsRead) {
-    // Line 411 of the recorded session, the robot falling.
-    const std::string message = recorded(411, 411).front();
-    ASSERT_NE(message.find("(ACC (n torso) (a -1.91 1.24 4.83))"), std::string::npos);
-    std::string why;
-    const auto root = PerceptReader::parseMessage(message, why);
-    ASSERT_NE(root, nullptr) << why;
-    Percepts percepts;
-    ASSERT_TRUE(PerceptReader::readMessage(*root, percepts, why)) << why;
-    ASSERT_TRUE(percepts.hasAcceleration);
-    EXPECT_EQ(percepts.acceleration, math::Vector3<float>(-1.91F, 1.24F, 4.83F));
 }
 
 TEST_F(TorsoAttitudeTest, MalformedAccelerometerDropsTheMessageAndMissingKeepsTheReading) {

@@ -59,22 +59,4 @@ TEST_F(KickTest, KickThenStopThenSuccess) {
     }
 }
 
-TEST_F(KickTest, OnlyAWholeResetStartsAFinishedKickAgain) {
-    for (const bool whole : {true, false}) {
-        resetKickPlayer();
-        for (int i = 0; i < 8 && !BasicKick::getConfigSkill().isFinished(); ++i) {
-            kick();
-        }
-        ASSERT_TRUE(BasicKick::getConfigSkill().isFinished());
-        if (whole) {
-            BasicKick::resetState();
-        } else {
-            BasicKick::getConfigSkill().setCurrentSkillName("@");
-        }
-        const KickCycle c = kick(false);
-        EXPECT_EQ(c.skill, whole ? "LeftKick" : "Stop");
-        EXPECT_EQ(c.marker, marker(c.skill, 0));
-    }
-}
-
 }  // namespace
