@@ -4,6 +4,7 @@
 // second game differ.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
 #include <string>
@@ -76,21 +77,17 @@ protected:
 
 // Where two logs part: the first differing line of each, empty when they are equal.
 std::string firstDifference(const std::string& expected, const std::string& actual) {
-    std::istringstream a(expected);
-    std::istringstream b(actual);
-    std::string lineA;
-    std::string lineB;
-    for (int number = 1;; ++number) {
-        const bool moreA = static_cast<bool>(std::getline(a, lineA));
-        const bool moreB = static_cast<bool>(std::getline(b, lineB));
-        if (!moreA && !moreB) {
-            return "";
-        }
-        if (moreA != moreB || lineA != lineB) {
-            return "line " + std::to_string(number) + ": \"" + (moreA ? lineA : "<end>") +
-                   "\" became \"" + (moreB ? lineB : "<end>") + "\"";
-        }
+    const auto at = std::mismatch(expected.begin(), expected.end(), actual.begin(), actual.end());
+    if (at.first == expected.end() && at.second == actual.end()) {
+        return "";
     }
+    const auto lineOf = [](const std::string& text, std::string::const_iterator it) {
+        const auto pos = static_cast<size_t>(it - text.begin());
+        const auto start = pos == 0 ? std::string::npos : text.rfind('\n', pos - 1);
+        const size_t from = start == std::string::npos ? 0 : start + 1;
+        return "\"" + text.substr(from, text.find('\n', from) - from) + "\"";
+    };
+    return lineOf(expected, at.first) + " became " + lineOf(actual, at.second);
 }
 
 // During play the console shows only the status lines of the skill files, loaded on first use.

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -122,4 +123,11 @@ std::vector<std::string> linesFrom(const std::vector<std::string>& lines,
         }
     }
     return found;
+}
+
+std::vector<std::string> realSession(size_t count) {
+    std::vector<std::string> all =
+        support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
+    all.resize(std::min(count, all.size()));
+    return all;
 }

@@ -46,6 +46,9 @@ private:
     int status = -1;
 };
 
+// The first `count` messages of the recorded real session (tests/data/real-session-3200.txt).
+std::vector<std::string> realSession(size_t count);
+
 // Of the lines that contain `marker`, the part from the marker on.
 std::vector<std::string> linesFrom(const std::vector<std::string>& lines,
                                    const std::string& marker);

@@ -18,42 +18,25 @@
 using support::Millis;
 using support::ScriptedServer;
 using support::ServerScript;
-using Kind = ScriptedServer::Kind;
 
 namespace {
 
-// Real messages: the session start, 13 before kick-off, then play while the robot is driven
-// through its whole joint range and falls.
-constexpr size_t kMessages = 500;
-
-const char kScene[] = "(scene rsg/agent/nao/nao.rsg)";
 // Messages the session start takes: two after the scene, one after the first init, ten
 // answered by beams.
 constexpr size_t kHandshake = 13;
 
-std::vector<std::string> realSession() {
-    std::vector<std::string> all =
-        support::readLines(std::string(KORVEL_TEST_DATA_DIR) + "/real-session-3200.txt");
-    all.resize(std::min(kMessages, all.size()));
-    return all;
-}
-
-// The session start: scene, two messages, init, one message, init, ten messages each answered
-// by a beam.
-void addHandshake(ServerScript& script, const std::vector<std::string>& messages) {
+// The whole game: the session start, then every message, answered once play is on.
+ServerScript game(const std::vector<std::string>& messages) {
+    // The session start: scene, two messages, init, one message, init, ten messages each
+    // answered by a beam.
     const Millis settle(30);
+    ServerScript script;
     script.expectFrame().sleep(settle);
     script.sendFrame(messages[0]).sendFrame(messages[1]).expectFrame().sleep(settle);
     script.sendFrame(messages[2]).expectFrame().sleep(settle);
     for (size_t i = 3; i < kHandshake; ++i) {
         script.sendFrame(messages[i]).expectFrame().sleep(settle);
     }
-}
-
-// The whole game: the session start, then every message, answered once play is on.
-ServerScript game(const std::vector<std::string>& messages) {
-    ServerScript script;
-    addHandshake(script, messages);
     for (size_t i = kHandshake; i < messages.size(); ++i) {
         if (messages[i].find("(pm BeforeKickOff)") != std::string::npos) {
             script.sendFrame(messages[i]).sleep(Millis(20));
@@ -90,16 +73,6 @@ std::vector<std::string> turnedToTheRight(std::vector<std::string> messages) {
     return messages;
 }
 
-std::vector<std::string> received(const std::vector<ScriptedServer::Event>& events) {
-    std::vector<std::string> frames;
-    for (const auto& event : events) {
-        if (event.kind == Kind::Received) {
-            frames.push_back(event.data);
-        }
-    }
-    return frames;
-}
-
 class TeamSideTest : public ::testing::Test {
 protected:
     // Plays `messages` as a whole game with a player started with `arguments` (host and port
@@ -114,32 +87,14 @@ protected:
         PlayerProcess player(dir.path(), arguments);
         EXPECT_TRUE(server.wait(Millis(120000)));
         EXPECT_EQ(player.wait(20000), 0) << player.standardError();
-        return received(server.events());
+        return server.frames();
     }
 };
 
-TEST_F(TeamSideTest, ATeamNameThatIsNotOneAtomStopsThePlayerBeforeItRegisters) {
-    const std::vector<std::string> messages = realSession();
-    const support::ScratchDirectory dir;
-    PlayerProcess::prepareRunDirectory(dir.path());
-    ServerScript script;
-    script.expectFrame().sendFrame(messages[0]).sendFrame(messages[1]).sleep(Millis(5000));
-    ScriptedServer server(script);
-    PlayerProcess player(dir.path(), {"--number", "3", "--team", "Bad)Name", "--host", "127.0.0.1",
-                                      "--port", std::to_string(server.port())});
-    ASSERT_TRUE(server.wait(Millis(30000)));
-    EXPECT_EQ(player.wait(20000), 1);
-    EXPECT_EQ(server.frames(), std::vector<std::string>{kScene});
-    EXPECT_NE(player.standardError().find(
-                  "check \"isTeamName(TeamName)\" failed (configuration \"ServerInitialize\", "
-                  "group \"Public\", key \"TeamName\" is \"Bad)Name\": a team name is one word of "
-                  "visible characters without brackets)\n"),
-              std::string::npos)
-        << player.standardError();
-}
-
 TEST_F(TeamSideTest, EveryRolePlaysTheRightHalfAsTheLeftTurnedRound) {
-    const std::vector<std::string> left = realSession();
+    // Real messages: the session start, 13 before kick-off, then play while the robot is driven
+    // through its whole joint range and falls.
+    const std::vector<std::string> left = realSession(500);
     const std::vector<std::string> right = turnedToTheRight(left);
     ASSERT_NE(left, right);
     struct Case {

@@ -124,16 +124,6 @@ protected:
         Config::resetState();
     }
 
-    // Places the robot (field frame, metres; heading in degrees) and the ball.
-    void place(int side, float x, float y, float heading, float ballX, float ballY) {
-        scene.side = side;
-        scene.x = x;
-        scene.y = y;
-        scene.heading = heading;
-        scene.ballX = ballX;
-        scene.ballY = ballY;
-    }
-
     void add(const std::string& name, const std::string& text) {
         const std::string path = dir.path() + "/" + name + ".conf";
         std::ofstream(path) << text;
@@ -143,114 +133,97 @@ protected:
     support::ScratchDirectory dir;
 };
 
-TEST_F(PlayToWinPlanTest, AttackerWalksToTheApproachTargetAndKicksAtTheGoal) {
+// One cycle of a role's plan (two for the attacker: its first is the opening style step) from a
+// fresh game: the sub-behaviour chosen and the skill started (the dive's side, or the
+// side-stepping or walking skill), or for the attacker's walk its target.
+TEST_F(PlayToWinPlanTest, EachRoleChoosesForTheBallAndItsPlace) {
     struct Case {
         const char* what;
+        char role;  // 'A'ttacker, 'D'efender or 'K'eeper
         int side;
         float x, y, heading, ballX, ballY;
-        Point target;  // the walking target (checked when not kicking)
-        bool kick;
+        const char* name;
+        const char* skill;  // "" for the attacker
+        Point target;       // the attacker's walking target
     };
     const Case cases[] = {
-        {"behind the ball, off the line", 1, -3, 2, 0, 0, 0, {-0.6F, -0.055F}, false},
-        {"in front of the ball", 1, 2, 0.2F, 180, 0, 0, {0, 0.7F}, false},
-        {"at the ball facing the goal", 1, -0.2F, -0.05F, 0, 0, 0, {}, true},
-        {"right team, behind the ball", 2, 3, -2, 180, 0, 0, {0.6F, 0.055F}, false},
-        {"right team, at the ball", 2, 0.2F, 0.05F, 180, 0, 0, {}, true},
+        {"behind the ball, off the line", 'A', 1, -3, 2, 0, 0, 0, "dash", "", {-0.6F, -0.055F}},
+        {"in front of the ball", 'A', 1, 2, 0.2F, 180, 0, 0, "dash", "", {0, 0.7F}},
+        {"at the ball facing the goal", 'A', 1, -0.2F, -0.05F, 0, 0, 0, "kick", "", {}},
+        {"right team, behind the ball", 'A', 2, 3, -2, 180, 0, 0, "dash", "", {0.6F, 0.055F}},
+        {"right team, at the ball", 'A', 2, 0.2F, 0.05F, 180, 0, 0, "kick", "", {}},
+        {"on its line, ball to its left", 'D', 1, -9, 0, 0, 5, 10, "sideWalk", "LeftSideWalk", {}},
+        {"on its line, ball to its right",
+         'D',
+         1,
+         -9,
+         0,
+         0,
+         5,
+         -10,
+         "sideWalk",
+         "RightSideWalk",
+         {}},
+        {"right team, ball to its right",
+         'D',
+         2,
+         9,
+         0,
+         180,
+         -5,
+         10,
+         "sideWalk",
+         "RightSideWalk",
+         {}},
+        {"off its line", 'D', 1, -4, 0, 0, 5, 0, "walk", "Walk", {}},
+        {"ball close in the own half", 'D', 1, -9, 0, 0, -8, 1, "clear", "Walk", {}},
+        {"ball close, opponents' half", 'D', 2, -9, 0, 0, -8, 1, "walk", "Walk", {}},
+        {"left team, ball near its goal", 'K', 1, -14, 0, 0, -12, 0.4F, "div", "RightDiv", {}},
+        {"right team, ball near its goal", 'K', 2, 14, 0, 180, 12, -0.4F, "div", "RightDiv", {}},
+        {"right team, ball mirrored", 'K', 2, 14, 0, 180, 12, 0.4F, "div", "LeftDiv", {}},
+        {"ball in the other half", 'K', 2, 14, 0, 180, -12, 0.4F, "sideWalk", "RightSideWalk", {}},
+        {"ball up the field left", 'K', 1, -14, 0, 0, 0, 6, "sideWalk", "LeftSideWalk", {}},
+        {"beyond the post's place", 'K', 1, -14, 1.2F, 0, 0, 6, "sideWalk", "RightSideWalk", {}},
+        {"right team, ball to its left", 'K', 2, 14, 0, 180, 0, -6, "sideWalk", "LeftSideWalk", {}},
+        {"wandered off", 'K', 1, -10, 3, 0, 0, 0, "sideWalk", "Walk", {}},
     };
     for (const Case& c : cases) {
         OffensePlan::resetState();
+        DefencePlan::resetState();
+        GoalKeeperPlan::resetState();
         motiontest::resetSkillState();
-        place(c.side, c.x, c.y, c.heading, c.ballX, c.ballY);
-        cycle<OffensePlan>("Offense");  // the opening style step
-        cycle<OffensePlan>("Offense");
-        if (c.kick) {
-            EXPECT_EQ(OffensePlan::name, "kick") << c.what;
+        scene.side = c.side;
+        scene.x = c.x;
+        scene.y = c.y;
+        scene.heading = c.heading;
+        scene.ballX = c.ballX;
+        scene.ballY = c.ballY;
+        std::string name;
+        bool walking = c.role != 'K';
+        if (c.role == 'A') {
+            cycle<OffensePlan>("Offense");
+            cycle<OffensePlan>("Offense");
+            name = OffensePlan::name;
+        } else if (c.role == 'D') {
+            cycle<DefencePlan>("Defence");
+            name = DefencePlan::name;
+        } else {
+            cycle<GoalKeeperPlan>("Goalie");
+            name = GoalKeeperPlan::name;
+            walking = GoalKeeperPlan::walking;
+        }
+        EXPECT_EQ(name, c.name) << c.what;
+        if (c.role == 'A') {
+            if (name == "dash") {
+                EXPECT_NEAR(OffensePlan::mPoint.getX(), c.target.getX(), 0.05F) << c.what;
+                EXPECT_NEAR(OffensePlan::mPoint.getY(), c.target.getY(), 0.05F) << c.what;
+            }
             continue;
         }
-        EXPECT_EQ(OffensePlan::name, "dash") << c.what;
-        EXPECT_NEAR(OffensePlan::mPoint.getX(), c.target.getX(), 0.05F) << c.what;
-        EXPECT_NEAR(OffensePlan::mPoint.getY(), c.target.getY(), 0.05F) << c.what;
-    }
-}
-
-TEST_F(PlayToWinPlanTest, DefenderSideStepsOnItsLineWalksBackAndClears) {
-    struct Case {
-        const char* what;
-        int side;
-        float x, y, heading, ballX, ballY;
-        const char* name;
-        const char* skill;  // the walking or side-stepping skill started
-    };
-    const Case cases[] = {
-        {"on its line, ball to its left", 1, -9, 0, 0, 5, 10, "sideWalk", "LeftSideWalk"},
-        {"on its line, ball to its right", 1, -9, 0, 0, 5, -10, "sideWalk", "RightSideWalk"},
-        {"right team, ball to its right", 2, 9, 0, 180, -5, 10, "sideWalk", "RightSideWalk"},
-        {"off its line", 1, -4, 0, 0, 5, 0, "walk", "Walk"},
-        {"ball close in the own half", 1, -9, 0, 0, -8, 1, "clear", "Walk"},
-        {"ball close, opponents' half", 2, -9, 0, 0, -8, 1, "walk", "Walk"},
-    };
-    for (const Case& c : cases) {
-        DefencePlan::resetState();
-        motiontest::resetSkillState();
-        place(c.side, c.x, c.y, c.heading, c.ballX, c.ballY);
-        cycle<DefencePlan>("Defence");
-        EXPECT_EQ(DefencePlan::name, c.name) << c.what;
-        const std::string skill = DefencePlan::name == "sideWalk"
+        const std::string skill = name == "div" ? GoalKeeperPlan::diveSide
+                                  : name == "sideWalk" && (c.role == 'D' || !walking)
                                       ? BasicSideWalk::getConfigSkill().getCurrentSkillName()
                                       : BasicDash::getConfigSkill().getCurrentSkillName();
-        EXPECT_EQ(skill, c.skill) << c.what;
-    }
-}
-
-TEST_F(PlayToWinPlanTest, KeeperDivesOnlyForABallNearItsOwnGoal) {
-    struct Case {
-        const char* what;
-        int side;
-        float x, heading, ballX, ballY;
-        const char* name;
-        const char* dive;
-    };
-    const Case cases[] = {
-        {"left team, ball near its goal", 1, -14, 0, -12, 0.4F, "div", "RightDiv"},
-        {"right team, ball near its goal", 2, 14, 180, 12, -0.4F, "div", "RightDiv"},
-        {"right team, ball mirrored", 2, 14, 180, 12, 0.4F, "div", "LeftDiv"},
-        {"right team, ball in the other half", 2, 14, 180, -12, 0.4F, "sideWalk", ""},
-    };
-    for (const Case& c : cases) {
-        GoalKeeperPlan::resetState();
-        motiontest::resetSkillState();
-        place(c.side, c.x, 0, c.heading, c.ballX, c.ballY);
-        cycle<GoalKeeperPlan>("Goalie");
-        EXPECT_EQ(GoalKeeperPlan::name, c.name) << c.what;
-        EXPECT_EQ(GoalKeeperPlan::diveSide, c.dive) << c.what;
-    }
-}
-
-TEST_F(PlayToWinPlanTest, KeeperFollowsTheBallOnItsLineAndWalksBack) {
-    struct Case {
-        const char* what;
-        int side;
-        float x, y, heading, ballX, ballY;
-        bool walking;
-        const char* skill;
-    };
-    const Case cases[] = {
-        {"on its line, ball up the field left", 1, -14, 0, 0, 0, 6, false, "LeftSideWalk"},
-        {"beyond the post's place", 1, -14, 1.2F, 0, 0, 6, false, "RightSideWalk"},
-        {"right team, ball to its left", 2, 14, 0, 180, 0, -6, false, "LeftSideWalk"},
-        {"wandered off", 1, -10, 3, 0, 0, 0, true, "Walk"},
-    };
-    // (The ball stays more than 10 m from the goal: no dive.)
-    for (const Case& c : cases) {
-        GoalKeeperPlan::resetState();
-        motiontest::resetSkillState();
-        place(c.side, c.x, c.y, c.heading, c.ballX, c.ballY);
-        cycle<GoalKeeperPlan>("Goalie");
-        EXPECT_EQ(GoalKeeperPlan::name, "sideWalk") << c.what;
-        EXPECT_EQ(GoalKeeperPlan::walking, c.walking) << c.what;
-        const std::string skill = c.walking ? BasicDash::getConfigSkill().getCurrentSkillName()
-                                            : BasicSideWalk::getConfigSkill().getCurrentSkillName();
         EXPECT_EQ(skill, c.skill) << c.what;
     }
 }

@@ -1,5 +1,4 @@
-// The motion lab's reading of the torso's own senses: accelerometer and gyroscope lists from
-// real server messages, and the tilt built from them.
+// The motion lab's torso tilt, built from the accelerometer and the gyroscope.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -11,12 +10,6 @@
 
 namespace {
 
-// Message 411 of the recorded session (the robot falling): the two lists as the server wrote
-// them, between the game state and the first joint.
-const std::string kFalling =
-    "(time (now 8.66))(GS (sl 0) (sr 0) (t 7.70) (pm PlayOn))(GYR (n torso) (rt -45.91 -21.47 "
-    "-52.36))(ACC (n torso) (a -1.91 1.24 4.83))(HJ (n hj1) (ax -38.10))";
-
 constexpr double kCycle = 0.02;  // seconds
 
 GroundTruth::Position vec(double x, double y, double z) {
@@ -24,20 +17,6 @@ GroundTruth::Position vec(double x, double y, double z) {
 }
 
 }  // namespace
-
-TEST(GroundTruthTest, ReadsTheTorsoSensesOfARealMessage) {
-    const GroundTruth truth = GroundTruth::read(kFalling);
-    ASSERT_TRUE(truth.acceleration.has_value());
-    ASSERT_TRUE(truth.rates.has_value());
-    EXPECT_DOUBLE_EQ(truth.acceleration->x, -1.91);
-    EXPECT_DOUBLE_EQ(truth.acceleration->y, 1.24);
-    EXPECT_DOUBLE_EQ(truth.acceleration->z, 4.83);
-    EXPECT_DOUBLE_EQ(truth.rates->x, -45.91);
-    EXPECT_DOUBLE_EQ(truth.rates->y, -21.47);
-    EXPECT_DOUBLE_EQ(truth.rates->z, -52.36);
-    // This server's robot description does not report positions.
-    EXPECT_FALSE(truth.head.has_value());
-}
 
 TEST(TorsoTiltTest, StartsFromGravityOnceTheServerReportsIt) {
     TorsoTilt tilt;

@@ -142,19 +142,6 @@ TEST_F(TorsoAttitudeTest, KnownSequencesGiveTheKnownAnswerAfterEveryMessage) {
     }
 }
 
-TEST_F(TorsoAttitudeTest, LeanNamesTheSideTowardsTheGround) {
-    const std::vector<std::pair<Reading, const char*>> cases = {
-        {{0.0F, -9.81F, 0.0F, 0, 0, 0}, "forward"}, {{0.0F, 9.81F, 0.0F, 0, 0, 0}, "backward"},
-        {{9.81F, 0.0F, 0.0F, 0, 0, 0}, "left"},     {{-9.81F, 0.0F, 0.0F, 0, 0, 0}, "right"},
-        {{-2.0F, -5.0F, 8.0F, 0, 0, 0}, "forward"},
-    };
-    for (const auto& [reading, lean] : cases) {
-        WorldModel wm;
-        ASSERT_TRUE(wm.update(messageAt(0, reading)));
-        EXPECT_STREQ(TorsoAttitude::leanName(wm.getAttitude().getLean()), lean);
-    }
-}
-
 TEST_F(TorsoAttitudeTest, MalformedAccelerometerDropsTheMessageAndMissingKeepsTheReading) {
     WorldModel wm;
     const std::vector<std::string> lying = hold({0.0F, -9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 4);

@@ -92,7 +92,6 @@ struct ReceiveCase {
 TEST_F(ConnectionTest, ReceivesWholeMessagesAndLogsBrokenFrames) {
     const std::string split = frame("(time (now 46.20))(GS (t 0.00) (pm BeforeKickOff))") +
                               frame("(GYR (n torso) (rt 0.01 0.07 0.46))");
-    const std::string slow = frame(pattern(300));
     const std::string big = pattern(Connection::kBufferBytes);
     const std::string largest = pattern(Connection::kMaxMessageBytes);
     const ReceiveCase cases[] = {
@@ -100,28 +99,15 @@ TEST_F(ConnectionTest, ReceivesWholeMessagesAndLogsBrokenFrames) {
          ServerScript().sendFrame("(time (now 46.20))").sendFrame("").sendFrame("(syn)").close(),
          {"(time (now 46.20))", "", "(syn)"},
          ""},
-        {"split anywhere",
+        {"split anywhere, the lengths too",
          ServerScript()
-             .sendRaw(split.substr(0, 9))
+             .sendRaw(split.substr(0, 2))
              .sleep(Millis(20))
-             .sendRaw(split.substr(9, 40))
+             .sendRaw(split.substr(2, 54))
              .sleep(Millis(20))
-             .sendRaw(split.substr(49)),
+             .sendRaw(split.substr(56)),
          {"(time (now 46.20))(GS (t 0.00) (pm BeforeKickOff))",
           "(GYR (n torso) (rt 0.01 0.07 0.46))"},
-         ""},
-        {"length byte by byte",
-         ServerScript()
-             .sendRaw(slow.substr(0, 1))
-             .sleep(Millis(15))
-             .sendRaw(slow.substr(1, 2))
-             .sleep(Millis(15))
-             .sendRaw(slow.substr(3)),
-         {pattern(300)},
-         ""},
-        {"several in one segment",
-         ServerScript().sendRaw(frame("(time (now 1.00))") + frame("") + frame("(hear)")),
-         {"(time (now 1.00))", "", "(hear)"},
          ""},
         {"cut at a zero byte",
          ServerScript().sendFrame(std::string("(See (B (pol 1 2 3)))\0junk", 26)),
@@ -146,10 +132,6 @@ TEST_F(ConnectionTest, ReceivesWholeMessagesAndLogsBrokenFrames) {
          ServerScript().sendFrame("(syn)").sendRaw(frame(pattern(100)).substr(0, 9)),
          {"(syn)"},
          "Connection: message broken off after 5 of 100 bytes (end of stream)\n"},
-        {"end inside a large payload",
-         ServerScript().sendRaw(frame(pattern(50000)).substr(0, 30004)),
-         {},
-         "Connection: message broken off after 30000 of 50000 bytes (end of stream)\n"},
         {"end inside an oversized payload",
          ServerScript().sendRaw(frame(pattern(2 * Connection::kMaxMessageBytes)).substr(0, 40004)),
          {},
@@ -159,10 +141,6 @@ TEST_F(ConnectionTest, ReceivesWholeMessagesAndLogsBrokenFrames) {
          ServerScript().sendRaw(std::string("\0\0", 2)),
          {},
          "Connection: message length broken off after 2 of 4 bytes (end of stream)\n"},
-        {"reset inside a payload",
-         ServerScript().sendRaw(frame(pattern(100)).substr(0, 9)).sleep(Millis(50)).reset(),
-         {},
-         "Connection: message broken off after 5 of 100 bytes (Connection reset by peer)\n"},
         {"reset where a length is due",
          ServerScript().reset(),
          {},
