@@ -2,23 +2,16 @@
 # Fails when a source file includes a header from a layer above its own, or from a layer of the
 # same rank other than its own. Every layer's headers are reachable from every other (src/ is the
 # one include root), so only this check keeps the order.
-# Layer order (low to high): math, utilities, objects, body, worldmodel, commands, skills, plans,
-# agent.
 set -u
 src=${1:?usage: layering_test.sh SRC_DIR}
+# Layer order, low to high.
+layers=(math utilities objects body worldmodel commands skills plans agent)
 rank() {
-  case "$1" in
-    math) echo 0 ;;
-    utilities) echo 1 ;;
-    objects) echo 2 ;;
-    body) echo 3 ;;
-    worldmodel) echo 4 ;;
-    commands) echo 5 ;;
-    skills) echo 6 ;;
-    plans) echo 7 ;;
-    agent) echo 8 ;;
-    *) echo 99 ;;
-  esac
+  local i
+  for i in "${!layers[@]}"; do
+    [ "${layers[$i]}" = "$1" ] && echo "$i" && return
+  done
+  echo 99
 }
 status=0
 checked=0

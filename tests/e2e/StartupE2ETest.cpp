@@ -18,19 +18,6 @@ namespace fs = std::filesystem;
 const std::string kBinary = std::string(KORVEL_BINARY_DIR) + "/korvel";
 const std::string kOk = "[\033[0;32m   OK   \033[0;39m]\n";
 
-struct PlayerRun {
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
-// Runs the player in `workDir` with `args` to its end.
-PlayerRun runPlayer(const std::string& workDir, const std::vector<std::string>& args) {
-    PlayerProcess player(workDir, args);
-    const int status = player.wait(20000);
-    return {status, player.standardOutput(), player.standardError()};
-}
-
 std::string statusLine(const std::string& name) {
     const std::string text =
         " Loading Config_FileAdresses File: ./Data/ConfigurationData/" + name + ".conf";
@@ -68,39 +55,42 @@ const char kRefused[] = "Connection failed with: 'Connection refused'\n";
 // usage text; start-up goes on.
 TEST_F(StartupE2ETest, LoadsEveryConfigurationFileCreatesTheLogsAndPrintsTheUsageText) {
     const support::ClosedPort closed;
-    const PlayerRun run =
-        runPlayer(dir.path(), {"--port", std::to_string(closed.port()), "--player-port", "3100"});
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.out, allStatusLines() + "Usage : " + kBinary +
-                           " [Options]\n"
-                           "Options :\n"
-                           "  --coach                   : Init and run as coach\n"
-                           "  --goalie                  : Init agent as a goalie\n"
-                           "  --offline                 : Run as offline agent\n"
-                           "  --team teamname           : Set teamname to connect to server\n"
-                           "  --host hostname           : Set hostname to connect to server\n"
-                           "  --player-port portnum     : Set player port number to connect to "
-                           "server\n"
-                           "  --coach-port portnum      : Set coach port number to connect to "
-                           "server\n"
-                           "  --number pnum             : Set player number\n" +
-                           sessionLines(closed));
-    EXPECT_EQ(run.err, kRefused);
+    PlayerProcess player(dir.path(),
+                         {"--port", std::to_string(closed.port()), "--player-port", "3100"});
+    EXPECT_EQ(player.wait(20000), 0);
+    EXPECT_EQ(player.standardOutput(),
+              allStatusLines() + "Usage : " + kBinary +
+                  " [Options]\n"
+                  "Options :\n"
+                  "  --coach                   : Init and run as coach\n"
+                  "  --goalie                  : Init agent as a goalie\n"
+                  "  --offline                 : Run as offline agent\n"
+                  "  --team teamname           : Set teamname to connect to server\n"
+                  "  --host hostname           : Set hostname to connect to server\n"
+                  "  --player-port portnum     : Set player port number to connect to "
+                  "server\n"
+                  "  --coach-port portnum      : Set coach port number to connect to "
+                  "server\n"
+                  "  --number pnum             : Set player number\n" +
+                  sessionLines(closed));
+    EXPECT_EQ(player.standardError(), kRefused);
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log"));
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log.offline"));
 }
 
 TEST_F(StartupE2ETest, MissingConfigurationFileStopsAfterTheFilesBeforeIt) {
     fs::remove(dir.path() + "/Data/ConfigurationData/DefenceParameters.conf");
-    const PlayerRun run = runPlayer(dir.path(), {});
-    EXPECT_NE(run.exitCode, 0);
-    EXPECT_EQ(run.out, statusLine("LoggerInitialize") + statusLine("ServerInitialize") +
-                           statusLine("WorldModelParameters") + statusLine("GoalKeeperParameters"));
+    PlayerProcess player(dir.path(), {});
+    EXPECT_NE(player.wait(20000), 0);
+    EXPECT_EQ(player.standardOutput(),
+              statusLine("LoggerInitialize") + statusLine("ServerInitialize") +
+                  statusLine("WorldModelParameters") + statusLine("GoalKeeperParameters"));
     const std::string diagnostic = support::checkDiagnosticPattern(
         "Config", "virtual void ConfigFile::readFile(const std::string&)", "fin",
         "file \"./Data/ConfigurationData/DefenceParameters.conf\" cannot be opened");
-    EXPECT_TRUE(std::regex_search(run.err, std::regex(diagnostic, std::regex::extended)))
-        << run.err;
+    EXPECT_TRUE(
+        std::regex_search(player.standardError(), std::regex(diagnostic, std::regex::extended)))
+        << player.standardError();
 }
 
 }  // namespace

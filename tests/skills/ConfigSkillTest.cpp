@@ -145,21 +145,13 @@ TEST_F(ConfigSkillTest, TwoStepSkillPlaysFrameByFrameAndLoops) {
 }
 
 TEST_F(ConfigSkillTest, AFinishedSkillStartsAgainAtItsLoopStep) {
-    for (const unsigned int loopStep : {1U, 2U, 3U}) {
-        tree.addSkill(
-            "Loop" + std::to_string(loopStep),
-            skilltest::skillText({step({}), step({}), step({})}, static_cast<int>(loopStep)));
-    }
+    tree.addSkill("Loop", skilltest::skillText({step({}), step({}), step({})}, 2));
     load();
-    for (const unsigned int loopStep : {1U, 2U, 3U}) {
-        const std::string name = "Loop" + std::to_string(loopStep);
-        ConfigSkill::setCurrentConfigStepNumber(0);
-        for (int call = 0; call < 3; ++call) {
-            play(name);  // the body is at every target: one step a call
-        }
-        EXPECT_TRUE(player.isFinished()) << name;
-        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), loopStep - 1) << name;
+    for (int call = 0; call < 3; ++call) {
+        play("Loop");  // the body is at every target: one step a call
     }
+    EXPECT_TRUE(player.isFinished());
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 1U);
 }
 
 TEST_F(ConfigSkillTest, KeyFrameIsReachedWithinItsPrecision) {

@@ -193,7 +193,7 @@ std::string message(const Scene& scene) {
     if (scene.side != 0) {
         out << "(team " << (scene.side == 1 ? "left" : "right") << ") ";
     }
-    out << "(sl 0) (sr 0) (t " << number << ") (pm " << (scene.playOn ? "PlayOn" : "BeforeKickOff")
+    out << "(sl 0) (sr 0) (t " << number << ") (pm PlayOn"
         << "))(GYR (n torso) (rt 0.00 0.00 0.00))";
     char acc[96];
     std::snprintf(acc, sizeof acc, "(ACC (n torso) (a %.2f %.2f %.2f))",
@@ -224,16 +224,12 @@ std::string message(const Scene& scene) {
                     << ")";
             }
         }
-        if (scene.ballSeen) {
-            // Lying down the robot has no heading from the landmarks: the ball is placed as if
-            // seen with heading 0.
-            out << " (B "
-                << polar(static_cast<double>(scene.ballX - scene.x),
-                         static_cast<double>(scene.ballY - scene.y), 0.0,
-                         scene.fallen ? 0.0 : heading)
-                << ")";
-        }
-        out << ")";
+        // Lying down the robot has no heading from the landmarks: the ball is placed as if seen
+        // with heading 0.
+        out << " (B "
+            << polar(static_cast<double>(scene.ballX - scene.x),
+                     static_cast<double>(scene.ballY - scene.y), 0.0, scene.fallen ? 0.0 : heading)
+            << "))";
     }
     for (int i = 2; i < 22; ++i) {
         std::snprintf(number, sizeof number, "%.2f", static_cast<double>(angle(kJointNames[i])));
@@ -242,10 +238,8 @@ std::string message(const Scene& scene) {
             out << "(FRP (n rf) (c 0.00 0.00 -0.01) (f 0.00 0.00 22.50))";
         }
     }
-    if (scene.leftFootPressure) {
-        std::snprintf(number, sizeof number, "%.2f", static_cast<double>(scene.leftContactY));
-        out << "(FRP (n lf) (c 0.00 " << number << " -0.01) (f 0.00 0.00 22.50))";
-    }
+    std::snprintf(number, sizeof number, "%.2f", static_cast<double>(scene.leftContactY));
+    out << "(FRP (n lf) (c 0.00 " << number << " -0.01) (f 0.00 0.00 22.50))";
     return out.str();
 }
 

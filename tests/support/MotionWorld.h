@@ -30,17 +30,14 @@ float markerOf(const Command& command);
 // One perceptor message.
 struct Scene {
     float time = 10.0F;                   // simulation time, seconds
-    bool playOn = true;                   // false: "BeforeKickOff"
     int side = 1;                         // 1 left, 2 right, 0: the message names no team
     std::map<std::string, float> joints;  // perceptor name -> angle (degrees); others are 0
-    bool leftFootPressure = true;         // send an "FRP" for the left foot
-    float leftContactY = 0.01F;           // its contact point's y
+    float leftContactY = 0.01F;           // the left foot's contact point's y
     bool vision = true;                   // send a "See" list
     float x = 0.0F;                       // robot position on the field, metres
     float y = 0.0F;
     float heading = 0.0F;  // body direction, degrees
-    bool ballSeen = true;
-    float ballX = 1.0F;  // ball position, metres
+    float ballX = 1.0F;    // ball position, metres
     float ballY = 0.0F;
     bool fallen = false;  // landmarks seen as by a robot lying on the ground
     // The torso's accelerometer (m/s^2; x right, y forward, z up): upright and still as set.

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "support/Expected.h"
+#include "worldmodel/FallRule.h"
 #include "worldmodel/WorldModelTesting.h"
 
 namespace {
@@ -142,34 +144,58 @@ TEST_F(TorsoAttitudeTest, KnownSequencesGiveTheKnownAnswerAfterEveryMessage) {
     }
 }
 
-TEST_F(TorsoAttitudeTest, MalformedAccelerometerDropsTheMessageAndMissingKeepsTheReading) {
+TEST_F(TorsoAttitudeTest, AMessageWithoutTheAccelerometerKeepsTheLastReading) {
     WorldModel wm;
-    const std::vector<std::string> lying = hold({0.0F, -9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 4);
-    for (const std::string& m : lying) {
+    for (const std::string& m : hold({0.0F, -9.81F, 0.0F, 0.0F, 0.0F, 0.0F}, 4)) {
         ASSERT_TRUE(wm.update(m));
     }
     ASSERT_TRUE(wm.isFallen());
-    const std::string& good = lying.back();
-    const std::string tail = "(ACC (n torso) (a 0.00 -9.81 0.00))";
-    ASSERT_NE(good.find(tail), std::string::npos);
-    const std::string upright = good.substr(0, good.find(tail));
-    const std::vector<std::pair<std::string, std::string>> bad = {
-        {upright + "(ACC (n torso))", "\"ACC\" without \"a\""},
-        {upright + "(ACC (n torso) (a 0.00 9.81))", "\"a\" needs 3 values"},
-    };
-    mainLog.str("");
-    for (const auto& [message, why] : bad) {
-        const std::vector<double> before = snapshot(wm);
-        EXPECT_FALSE(wm.update(message));
-        EXPECT_EQ(mainLog.str(), "Message dropped (last time 1.06, cycle 0): " + why + "\n");
-        EXPECT_EQ(snapshot(wm), before);
-        EXPECT_EQ(wm.getAttitude().getAcceleration(), math::Vector3<float>(0.0F, -9.81F, 0.0F));
-        mainLog.str("");
-    }
-    // A message without "ACC" keeps the last reading, and so the answer.
-    ASSERT_TRUE(wm.update(upright));
+    ASSERT_TRUE(wm.update("(time (now 1.08))(GYR (n torso) (rt 0.00 0.00 0.00))"));
     EXPECT_EQ(wm.getAttitude().getAcceleration(), math::Vector3<float>(0.0F, -9.81F, 0.0F));
     EXPECT_TRUE(wm.isFallen());
+}
+
+// "WorldModelParameters" / "Fall" / "Rule" chooses the fall rule; a value other than the two
+// names stops the player naming the file, the line and the key.
+class FallRuleTest : public ::testing::Test {
+protected:
+    void SetUp() override { Config::resetState(); }
+    void TearDown() override { Config::resetState(); }
+
+    // Registers "WorldModelParameters" read from a file with `content`; returns its path.
+    std::string load(const std::string& content) {
+        std::string path = dir.write("WorldModelParameters.conf", content);
+        config.add("WorldModelParameters", path);
+        return path;
+    }
+
+    support::ScratchDirectory dir;
+};
+
+TEST_F(FallRuleTest, TheKeyChoosesAndItsAbsenceMeansLandmarks) {
+    EXPECT_EQ(readFallRule(config), FallRule::Landmarks);  // no such configuration
+    const std::vector<std::pair<std::string, FallRule>> cases = {
+        {"[Ball]\nRadius = 0.042\n", FallRule::Landmarks},
+        {"[Fall]\nOther = 1\n", FallRule::Landmarks},
+        {"[Fall]\nRule = Attitude   # comment\n", FallRule::Attitude},
+        {"[Fall]\nRule = Landmarks\n", FallRule::Landmarks},
+    };
+    for (const auto& [content, rule] : cases) {
+        Config::resetState();
+        load(content);
+        EXPECT_EQ(readFallRule(config), rule) << content;
+    }
+}
+
+TEST_F(FallRuleTest, AnyOtherValueStopsNamingFileLineAndKey) {
+    const std::string path = load("[Field]\nLength = 30\n\n[Fall]\nRule = attitude\n");
+    EXPECT_EXIT(readFallRule(config), ::testing::ExitedWithCode(1),
+                support::checkDiagnosticPattern(
+                    "FallRule", "FallRule readFallRule(const Config&)",
+                    "Rule == \"Attitude\" || Rule == \"Landmarks\"",
+                    "file \"" + path +
+                        "\", line 5, configuration \"WorldModelParameters\", group \"Fall\", key "
+                        "\"Rule\": \"attitude\" is neither \"Attitude\" nor \"Landmarks\""));
 }
 
 }  // namespace

@@ -64,6 +64,8 @@ TEST_F(WorldModelBadInputTest, BadMessagesAreDroppedWholeWithTheReason) {
         {replaced(good, "(rt 0.00 0.00 -0.09)", "(rt 0.00 0.00)"), "\"rt\" needs 3 values"},
         {replaced(good, "(GYR (n torso) (rt 0.00 0.00 -0.09))", "(GYR (n torso))"),
          "\"GYR\" without \"rt\""},
+        {replaced(good, "(a -0.00 0.00 9.67)", ""), "\"ACC\" without \"a\""},
+        {replaced(good, "(a -0.00 0.00 9.67)", "(a 0.00 9.81)"), "\"a\" needs 3 values"},
         {lastJoint + "(HJ (n llj6) (ax (0.00)))", "\"ax\" needs 1 value"},
         {lastJoint + "(HJ (n llj6))", "\"HJ\" without \"ax\""},
         {lastJoint + "(HJ (ax 0.00))", "\"HJ\" without \"n\""},

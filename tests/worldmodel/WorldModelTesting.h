@@ -34,9 +34,9 @@ inline std::vector<double> snapshot(const WorldModel& wm) {
                                self->getBodyDirection(),
                                wm.getBall()->getRadius(),
                                static_cast<double>(wm.getBall()->getPositionCount())};
-    std::vector<math::Vector3<float>> vectors{self->getPosition(), self->getPolarPosition(),
-                                              self->getGyroRate(), wm.getBall()->getPosition(),
-                                              Self::getLastPosition()};
+    std::vector<math::Vector3<float>> vectors{
+        self->getPosition(),         self->getPolarPosition(), self->getGyroRate(),
+        wm.getBall()->getPosition(), Self::getLastPosition(),  wm.getAttitude().getAcceleration()};
     for (const JointName& joint : JointNames::table()) {
         const HingeJoint& hinge = self->getBody()->getHingeJoint(joint.part, joint.index);
         values.push_back(hinge.getJointAlphaValue());
