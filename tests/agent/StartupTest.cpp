@@ -41,19 +41,16 @@ protected:
         dir.write("Data/ConfigurationData/" + name + ".conf", text);
     }
 
-    // The index and the two files the log set-up reads.
-    void writeLoggerSetup(const std::string& directory, bool logMain, bool offline,
-                          bool offlinePlaying) const {
+    // The index and the two files the log set-up reads: "Main" and its recording on.
+    void writeLoggerSetup(const std::string& directory) const {
         writeConfig("Config_FileAddresses",
                     "[DefultSet]\nConfigurationDataFileCount = 2\n"
                     "[ConfigurationDataFileName]\n1 = LoggerInitialize\n2 = ServerInitialize\n");
-        writeConfig("LoggerInitialize", "[Logger]\nDirectory = " + directory +
-                                            "\nLogMain = " + (logMain ? "true" : "false") +
-                                            "\nOffline = " + (offline ? "True" : "0") + "\n");
+        writeConfig("LoggerInitialize",
+                    "[Logger]\nDirectory = " + directory + "\nLogMain = true\nOffline = True\n");
         writeConfig("ServerInitialize",
-                    std::string("[Public]\nUniformNum = 1\n[Server]\nOfflinePlaying = ") +
-                        (offlinePlaying ? "1" : "false") +
-                        "\n[Connection]\nHostName = 127.0.0.1\nPort = 3100\n");
+                    "[Public]\nUniformNum = 1\n[Server]\nOfflinePlaying = false\n"
+                    "[Connection]\nHostName = 127.0.0.1\nPort = 3100\n");
     }
 
     static std::string initializeQuietly() {
@@ -88,7 +85,7 @@ TEST_F(StartupTest, LoadsTheIndexedFilesInOrderWithAStatusLineEach) {
 }
 
 TEST_F(StartupTest, MainIsStampedAndMainOffRecordsRawLines) {
-    writeLoggerSetup("./Logs/", true, true, false);
+    writeLoggerSetup("./Logs/");
     initializeQuietly();
     LoggersInitializing(1);
 
@@ -107,7 +104,7 @@ TEST_F(StartupTest, MainIsStampedAndMainOffRecordsRawLines) {
 }
 
 TEST_F(StartupTest, DirectoryWithoutFinalSlashGivesTheSameFiles) {
-    writeLoggerSetup("./Logs", true, true, false);
+    writeLoggerSetup("./Logs");
     initializeQuietly();
     LoggersInitializing(7);
     EXPECT_TRUE(fs::exists(dir.path() + "/Logs/Korvel-7.log"));

@@ -28,6 +28,14 @@ protected:
     std::unique_ptr<Command> attack(bool track = true) {
         return cycle<OffensePlan>("Offense", track);
     }
+    // Two cycles of an attacker at (-2, 0) walking towards a ball at (5, 3).
+    void walkTowardsTheBall() {
+        scene.x = -2.0F;
+        scene.ballX = 5.0F;
+        scene.ballY = 3.0F;
+        attack();
+        attack();
+    }
 };
 
 TEST_F(PlanCycleTest, FirstCycleOfADefenderIsAlreadyASideStepTowardsTheBall) {
@@ -103,11 +111,7 @@ TEST_F(PlanCycleTest, FallenKeeperGetsUpOnlyAfterTwentySeconds) {
 }
 
 TEST_F(PlanCycleTest, AttackerFallingWhileDashingPlaysOneStandUpAKeyFrameACycle) {
-    scene.x = -2.0F;
-    scene.ballX = 5.0F;
-    scene.ballY = 3.0F;
-    attack();
-    attack();
+    walkTowardsTheBall();
     attack();
     scene.fallen = true;
     scene.leftContactY = 0.02F;
@@ -122,11 +126,7 @@ TEST_F(PlanCycleTest, AttackerFallingWhileDashingPlaysOneStandUpAKeyFrameACycle)
 }
 
 TEST_F(PlanCycleTest, AttackerKicksCloseBehindTheBallThenWalksAgain) {
-    scene.x = -2.0F;
-    scene.ballX = 5.0F;
-    scene.ballY = 3.0F;
-    attack();
-    attack();
+    walkTowardsTheBall();
     // The kick player was left finished by an earlier kick: the kick still starts afresh.
     BasicKick::getConfigSkill().setCurrentSkillName("Stop");
     BasicKick::getConfigSkill().setFinishedSkill(true);

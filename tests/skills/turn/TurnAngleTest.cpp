@@ -10,9 +10,7 @@
 namespace {
 
 struct TurnCycle {
-    float marker;       // the key frame the command was taken from
     std::string skill;  // the turn player's current skill after the cycle
-    float doAngle;      // degrees commanded so far
     bool finished;      // the turn reports success
 };
 
@@ -30,8 +28,7 @@ protected:
         TurnAngle t(angle, wm, 0.0F, false);
         auto command = take(t.getCommand());
         EXPECT_NE(command, nullptr);
-        return {lastMarker, BasicTurn::getConfigSkill().getCurrentSkillName(),
-                BasicTurn::getDoAngle(), t.isFinished()};
+        return {BasicTurn::getConfigSkill().getCurrentSkillName(), t.isFinished()};
     }
 
     // Runs cycles of `angle` until the turn reports success (at most `limit`), collecting the
