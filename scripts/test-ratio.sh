@@ -11,4 +11,4 @@ count() { # non-blank lines of the tracked (and new, unignored) files under the 
 tests=$(count tests ':!tests/data')
 code=$(count src tools bench fuzz scripts ./*.sh)
 awk -v t="$tests" -v c="$code" 'BEGIN {
-  printf "test size: %d non-blank lines of tests against %d of code: %.0f %%\n", t, c, c ? 100 * t / c : 0 }'
+  printf "test size: %d non-blank lines of tests against %d of code: %.1f %%\n", t, c, c ? 100 * t / c : 0 }'

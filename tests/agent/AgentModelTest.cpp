@@ -58,18 +58,17 @@ TEST_F(AgentModelTest, HeadSweepsSevenDegreesACycleAndTurnsBackWhenThePanEntersA
         targets.push_back(pan);
     }
     EXPECT_EQ(agent.getHeadSpeed(), 7.0F);
-    // The pan reads 105 in the 16th cycle: the target goes on to 112 in that cycle and comes back
-    // from the next one on, 7 degrees a cycle, until the pan reads -105 in the band [-130, -100].
-    std::vector<float> expected;
-    for (float target = 7.0F; target <= 112.0F; target += 7.0F) {
-        expected.push_back(target);
+    for (int i = 0; i < 16; ++i) {
+        EXPECT_FLOAT_EQ(targets[i], 7.0F * static_cast<float>(i + 1)) << "cycle " << i;
     }
-    for (float target = 105.0F; target >= -112.0F; target -= 7.0F) {
-        expected.push_back(target);
+    // The pan read 105 in cycle 15 (the 16th call): the target went on to 112 in that call and
+    // comes back from the next one on, until the pan reads -105 in the band [-130, -100].
+    for (int i = 16; i < 48; ++i) {
+        EXPECT_FLOAT_EQ(targets[i], targets[i - 1] - 7.0F) << "cycle " << i;
     }
-    expected.insert(expected.end(), {-105.0F, -98.0F});
-    targets.resize(expected.size());
-    EXPECT_EQ(targets, expected);
+    EXPECT_FLOAT_EQ(targets[47], -112.0F);
+    EXPECT_FLOAT_EQ(targets[48], -105.0F);
+    EXPECT_FLOAT_EQ(targets[49], -98.0F);
 }
 
 // A "Main" stream without stamps in a temporary file, so lines can be compared byte for byte.

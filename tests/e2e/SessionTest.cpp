@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "PlayerProcess.h"
+#include "support/Expected.h"
 #include "support/Files.h"
 #include "support/ScriptedServer.h"
 
@@ -199,12 +200,8 @@ TEST_F(SessionTest, UniformNumberWithoutARoleHoldsItsPosture) {
     ASSERT_EQ(texts.size(), 4u);
     // Every body joint at rest; only the head moves (pan at 1 degree per cycle in the first turn,
     // at 7 from the second on; tilt towards -20 degrees).
-    const std::string body =
-        "(rae1 0) (rae2 0) (rae3 0) (rae4 0)(lae1 0) (lae2 0) (lae3 0) (lae4 0)"
-        "(rle1 0) (rle2 0) (rle3 0) (rle4 0) (rle5 0) (rle6 0)"
-        "(lle1 0) (lle2 0) (lle3 0) (lle4 0) (lle5 0) (lle6 0)(Say )";
-    EXPECT_EQ(texts[0], "(he1 0.872665) (he2 -6.10865)" + body);
-    EXPECT_EQ(texts[1], "(he1 6.10865) (he2 -6.10865)" + body);
+    EXPECT_EQ(texts[0], support::effectorText({{"he1", "0.872665"}, {"he2", "-6.10865"}}));
+    EXPECT_EQ(texts[1], support::effectorText({{"he1", "6.10865"}, {"he2", "-6.10865"}}));
 }
 
 }  // namespace

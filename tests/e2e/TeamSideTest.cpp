@@ -96,7 +96,6 @@ TEST_F(TeamSideTest, EveryRolePlaysTheRightHalfAsTheLeftTurnedRound) {
     // through its whole joint range and falls.
     const std::vector<std::string> left = realSession(500);
     const std::vector<std::string> right = turnedToTheRight(left);
-    ASSERT_NE(left, right);
     struct Case {
         const char* number;
         const char* beam;

@@ -7,7 +7,6 @@
 #include <fstream>
 #include <string>
 
-#include "PlanFixture.h"
 #include "plans/DefencePlan.h"
 #include "plans/GoalKeeperPlan.h"
 #include "plans/KickApproach.h"
@@ -16,6 +15,7 @@
 #include "skills/kick/BasicKick.h"
 #include "skills/sidewalk/BasicSideWalk.h"
 #include "support/Files.h"
+#include "support/MotionFixture.h"
 #include "utilities/config/Config.h"
 
 namespace {
@@ -104,10 +104,11 @@ TEST(DefenderAndKeeperPlaces, OnTheirLinesBetweenBallAndGoal) {
 }
 
 // The plans with their parameter groups, as the shipped data has them.
-class PlayToWinPlanTest : public plantest::PlanFixture {
+class PlayToWinPlanTest : public motiontest::MotionFixture {
 protected:
     void SetUp() override {
-        PlanFixture::SetUp();
+        MotionFixture::SetUp();
+        scene.vision = true;
         add("OffenseParameters",
             "[Attack]\nTarget = goal\nApproachDistance = 0.6\nClearance = 0.7\n"
             "LineTolerance = 0.25\nFootOffset = 0.055\n");

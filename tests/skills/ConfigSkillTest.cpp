@@ -9,6 +9,7 @@
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
+#include "support/Expected.h"
 #include "support/Files.h"
 #include "support/SkillFiles.h"
 #include "utilities/config/Config.h"
@@ -21,25 +22,7 @@
 namespace {
 
 using skilltest::step;
-
-const char* const kJointOrder[] = {"he1",  "he2",  "rae1", "rae2", "rae3", "rae4", "lae1", "lae2",
-                                   "lae3", "lae4", "rle1", "rle2", "rle3", "rle4", "rle5", "rle6",
-                                   "lle1", "lle2", "lle3", "lle4", "lle5", "lle6"};
-
-// The effector text of a sending command whose joints print "0" except the given ones.
-std::string effectorText(const std::map<std::string, std::string>& values) {
-    std::string text;
-    for (std::size_t i = 0; i < std::size(kJointOrder); ++i) {
-        const std::string name = kJointOrder[i];
-        const bool limbStart = i == 0 || i == 2 || i == 6 || i == 10 || i == 16;
-        if (!limbStart) {
-            text += ' ';
-        }
-        const auto found = values.find(name);
-        text += "(" + name + " " + (found != values.end() ? found->second : "0") + ")";
-    }
-    return text + "(Say )";
-}
+using support::effectorText;
 
 class ConfigSkillTest : public ::testing::Test {
 protected:

@@ -12,8 +12,8 @@
 namespace motiontest {
 
 // A test of skills or plans against a scripted world: the test skill data are installed, every
-// class-wide skill state is reset, and each cycle feeds one perceptor message to a fresh world
-// model. By default the robot tracks its targets: each message shows the left shoulder at the
+// class-wide skill and plan state is reset, and each cycle feeds one perceptor message to a fresh
+// world model. By default the robot tracks its targets: each message shows the left shoulder at the
 // target of the previous cycle's command, so a skill moves on by one key frame per cycle.
 class MotionFixture : public ::testing::Test {
 protected:
@@ -29,6 +29,17 @@ protected:
         scene.time += 0.02F;
         scene.joints["laj1"] = track ? lastMarker : shown;
         wm.update(message(scene));
+    }
+
+    // One cycle of the plan P: perceive, build, decide, take the command.
+    template <class P>
+    std::unique_ptr<Command> cycle(const std::string& name, bool track = true) {
+        perceive(track);
+        P plan(name, &wm);
+        plan.decide();
+        auto command = take(plan.getCommand());
+        EXPECT_NE(command, nullptr);
+        return command;
     }
 
     // Takes over a command handed out by a skill or plan and remembers its marker.

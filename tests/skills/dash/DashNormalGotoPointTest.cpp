@@ -86,13 +86,11 @@ TEST_F(DashTest, DistanceThresholdsAreStrict) {
 TEST_F(DashTest, OffTheLineAWalkIsStoppedBeforeTheTurn) {
     runUntilSkillEnds(ahead(3.0F));
     const math::Point target = atAngle(2.0F, 45.0F);
-    DashCycle c = dash(target, false);
-    EXPECT_EQ(c.skill, "Stop");
-    EXPECT_EQ(c.marker, marker("Stop", 0));
+    EXPECT_EQ(dash(target, false).marker, marker("Stop", 0));
     EXPECT_FALSE(DashNormalGotoPoint::isActionBoolean());
     runUntilSkillEnds(target);
     // The stop has ended: a turn of 40 degrees (clamped from 45) to the left begins.
-    c = dash(target, false);
+    const DashCycle c = dash(target, false);
     EXPECT_TRUE(DashNormalGotoPoint::isActionBoolean());
     EXPECT_EQ(DashNormalGotoPoint::getDeltaAlpha(), 40.0F);
     EXPECT_EQ(BasicTurn::getConfigSkill().getCurrentSkillName(), "TurnLeft40");

@@ -10,7 +10,6 @@
 #include "utilities/config/Config.h"
 #include "utilities/config/ConfigSetting.h"
 #include "utilities/config/Settings.h"
-#include "utilities/config/Str.h"
 
 namespace {
 
@@ -127,15 +126,6 @@ TEST_F(ConfigFileTest, MissingNamesAreFatalAndNamed) {
     EXPECT_FALSE(config.exists("Srv"));
 }
 
-TEST(StrTest, BoolIsTrueOnlyForTrueOrOneInAnyCase) {
-    for (const char* word : {"true", "TRUE", "True", "1"}) {
-        EXPECT_TRUE(Str(word).b_value(false)) << word;
-    }
-    for (const char* word : {"false", "0", "yes", "2", "", "true "}) {
-        EXPECT_FALSE(Str(word).b_value(true)) << word;
-    }
-}
-
 struct ArgumentsCase {
     std::vector<std::string> arguments;
     bool accepted;
@@ -218,10 +208,14 @@ TEST(SettingsTest, FollowEveryChangeOfTheConfiguration) {
 TEST(SettingsTest, ASettingOfEachType) {
     Config::resetState();
     const support::ScratchDirectory dir;
-    config.add("C", dir.write("c.conf", "[G]\nf = 0.25\ni = 7\nb = 1\ns = two words\n"));
+    config.add("C", dir.write("c.conf",
+                              "[G]\nf = 0.25\ni = 7\nb = 1\nB = TRUE\nno = yes\n"
+                              "s = two words\n"));
     EXPECT_EQ(ConfigSetting<float>("C", "G", "f").get(), 0.25F);
     EXPECT_EQ(ConfigSetting<int>("C", "G", "i").get(), 7);
     EXPECT_TRUE(ConfigSetting<bool>("C", "G", "b").get());
+    EXPECT_TRUE(ConfigSetting<bool>("C", "G", "B").get());
+    EXPECT_FALSE(ConfigSetting<bool>("C", "G", "no").get());  // true only for "true" or "1"
     EXPECT_EQ(ConfigSetting<std::string>("C", "G", "s").get(), "two words");
     Config::resetState();
 }

@@ -48,9 +48,7 @@ protected:
         logger.add("Main", main, false);
     }
     void TearDown() override {
-        testing::internal::CaptureStdout();
         Connection::resetState();
-        testing::internal::GetCapturedStdout();
         Logger::resetState();
         Config::resetState();
     }
