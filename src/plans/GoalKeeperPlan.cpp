@@ -71,12 +71,12 @@ void GoalKeeperPlan::decide() {
     ballX = ball.getX();
 
     if (name == subbehaviour::kStandUp) {
-        BasicStandUp probe(*wm, false, false);
-        delete probe.getCommand();
-        if (probe.isFinished()) {
+        // One step of the stand-up a cycle: the key-frame player moves on at every call.
+        BasicStandUp standUp(*wm, false, false);
+        if (standUp.isFinished()) {
+            delete standUp.getCommand();
             chooseAfresh();
         } else {
-            BasicStandUp standUp(*wm, false, false);
             replaceCommand(standUp.getCommand());
         }
     } else if (name.empty() || name == subbehaviour::kSideWalk || name == subbehaviour::kDive) {

@@ -122,35 +122,30 @@ void OffensePlan::decide() {
     Debugger::logg("Main") << "Offense distance to target: " << std::sqrt(dx * dx + dy * dy)
                            << " name: " << name << std::endl;
 
-    // Has the current sub-behaviour ended? Each test runs the skill once without a command.
+    // Play the current sub-behaviour once this cycle (the key-frame player steps on every call,
+    // so a second call would skip key frames); when it reports it has ended, walk instead.
     bool ended = false;
     if (name == subbehaviour::kDash) {
-        ended = DashNormalGotoPoint(mPoint, *wm, true).isFinished();
+        DashNormalGotoPoint dash(mPoint, *wm, false);
+        ended = dash.isFinished();
+        replaceCommand(dash.getCommand());
     } else if (name == subbehaviour::kStandUp) {
-        ended = BasicStandUp(*wm, false, true).isFinished();
+        BasicStandUp standUp(*wm, false, false);
+        ended = standUp.isFinished();
+        replaceCommand(standUp.getCommand());
     } else if (name == subbehaviour::kKick) {
-        ended = BasicKick(*wm, true).isFinished();
+        BasicKick kick(*wm, false);
+        ended = kick.isFinished();
+        replaceCommand(kick.getCommand());
+    } else {
+        startWalking();
     }
 
     if (ended) {
         // Reset walking and kicking, then walk.
-        const DashNormalGotoPoint resetDash(mPoint, *wm, true);
         DashNormalGotoPoint::setActionBoolean(false);
         DashNormalGotoPoint::setFinishedBoolean(false);
-        const BasicKick resetKick(*wm, true);
-        BasicKick::getConfigSkill().setCurrentSkillName(skillname::kNoSkill);
-        BasicKick::getConfigSkill().setFinishedSkill(false);
-        startWalking();
-    } else if (name == subbehaviour::kDash) {
-        DashNormalGotoPoint dash(mPoint, *wm, false);
-        replaceCommand(dash.getCommand());
-    } else if (name == subbehaviour::kStandUp) {
-        BasicStandUp standUp(*wm, false, false);
-        replaceCommand(standUp.getCommand());
-    } else if (name == subbehaviour::kKick) {
-        BasicKick kick(*wm, false);
-        replaceCommand(kick.getCommand());
-    } else {
+        BasicKick::rewind();
         startWalking();
     }
 
