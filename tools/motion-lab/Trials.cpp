@@ -15,6 +15,7 @@
 #include "plans/DefencePlan.h"
 #include "plans/GoalKeeperPlan.h"
 #include "plans/OffensePlan.h"
+#include "plans/Pitch.h"
 #include "skills/ConfigSkill.h"
 #include "skills/dash/BasicDash.h"
 #include "skills/dash/DashNormalGotoPoint.h"
@@ -33,6 +34,7 @@ namespace {
 // from every trial's path.
 constexpr double kBallAsideX = -12.0;
 constexpr double kBallAsideY = -8.0;
+constexpr double kBallRadius = 0.042;  // metres
 
 // A robot on the field, standing still, with the measurements every trial takes.
 class Bench {
@@ -746,8 +748,9 @@ Result fallAndGetUp(bool front, const LabSession::Options& options, int trial, d
 // kick-off position (the "Beam" of its parameter file) with the ball on the centre spot.
 // Counts the falls (head below 0.25 m after standing), the time spent down and the stand-ups the
 // plan began under the fall rule in force (motion-lab --fall-rule), with the torso's tilt at
-// each beginning.
-Result game(int role, const LabSession::Options& options, double limit) {
+// each beginning. With `untilGoal` the trial ends at the first goal (the whole ball over a goal
+// line between the posts), timed from the kick-off.
+Result game(int role, const LabSession::Options& options, double limit, bool untilGoal) {
     const std::string roleFile = AgentModel::roleFile(role);
     const ConfigValue& beam = config[roleFile]["Initialize"]["Beam"];
     if (beam.size() < 3) {
@@ -778,7 +781,11 @@ Result game(int role, const LabSession::Options& options, double limit) {
     const std::string& doing = role == 1   ? GoalKeeperPlan::name
                                : role == 2 ? DefencePlan::name
                                            : OffensePlan::name;
-    while (bench.elapsed() < limit) {
+    // Seconds to the first goal: into the opponents' goal (+x, the lab's team plays on the
+    // left) counts, into the own goal is reported as a negative time.
+    double goalAt = 0.0;
+    const auto goalLine = static_cast<double>(Pitch::halfLength()) + kBallRadius;
+    while (bench.elapsed() < limit && goalAt == 0.0) {
         const bool wasStandingUp = doing == "standup";
         const bool onFeet = bench.session.standing();
         const std::unique_ptr<Command> command(bench.session.planAct(role));
@@ -792,9 +799,13 @@ Result game(int role, const LabSession::Options& options, double limit) {
             }
         }
         if (bench.trace) {
-            std::cout << "trace plan " << (doing.empty() ? "-" : doing) << " step "
-                      << ConfigSkill::getCurrentConfigStepNumber() << " fallen "
-                      << bench.session.world().isFallen() << "\n";
+            std::cout << "trace plan " << (doing.empty() ? "-" : doing);
+            if (doing == "standup") {
+                std::cout << " " << BasicStandUp::getConfigSkill().getCurrentSkillName();
+            }
+            std::cout << " step " << ConfigSkill::getCurrentConfigStepNumber() << " fallen "
+                      << bench.session.world().isFallen() << " head "
+                      << bench.session.pose().headHeight << "\n";
         }
         if (!bench.stepWatching(command.get())) {
             return noServer();
@@ -807,9 +818,24 @@ Result game(int role, const LabSession::Options& options, double limit) {
             down = false;
         }
         lastTime = bench.session.now();
+        if (untilGoal && std::fabs(bench.session.ballX()) > goalLine &&
+            std::fabs(bench.session.ballY()) < static_cast<double>(Pitch::goalWidth()) / 2.0) {
+            goalAt = std::copysign(bench.elapsed(), bench.session.ballX());
+        }
     }
     Result result;
     const double ballTravel = bench.session.ballX();
+    if (untilGoal) {
+        result.values = {{"goal after s", goalAt > 0.0 ? goalAt : -1.0},
+                         {"falls", falls},
+                         {"down s", downSeconds},
+                         {"ball x m", ballTravel}};
+        result.passed = goalAt > 0.0;
+        if (!result.passed) {
+            result.note = goalAt < 0.0 ? "own goal" : "no goal";
+        }
+        return result;
+    }
     result.values = {{"falls", falls},
                      {"down s", downSeconds},
                      {"stand-ups", standUps},
@@ -850,10 +876,10 @@ double Result::value(const std::string& name) const {
 
 std::vector<std::string> motions() {
     std::vector<std::string> all = {
-        "Walk",         "ShortWalk",   "Stop",         "LeftSideWalk", "RightSideWalk",
-        "FrontStandUp", "BackStandUp", "LeftKick",     "Style",        "dash-turn",
-        "dash-point",   "goalkeeper",  "defender",     "attacker",     "standup-walking",
-        "fall-front",   "fall-back",   "go-to-targets"};
+        "Walk",         "ShortWalk",   "Stop",          "LeftSideWalk", "RightSideWalk",
+        "FrontStandUp", "BackStandUp", "LeftKick",      "Style",        "dash-turn",
+        "dash-point",   "goalkeeper",  "defender",      "attacker",     "standup-walking",
+        "fall-front",   "fall-back",   "go-to-targets", "score"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);
@@ -890,6 +916,7 @@ std::string target(const std::string& motion) {
         {"goalkeeper", "the player's goalkeeper plan from kick-off, no fall"},
         {"defender", "the player's defender plan from kick-off, no fall"},
         {"attacker", "the player's attacker plan from kick-off: no fall, ball 1 m or more forward"},
+        {"score", "the player's attacker plan alone from kick-off scores within 180 s"},
         {"fall-front", "tipped forwards, head sweeping: the attacker plan gets it up at once"},
         {"fall-back", "tipped backwards, head sweeping: the attacker plan gets it up at once"},
         {"standup-walking",
@@ -946,7 +973,10 @@ Result run(const std::string& motion, const LabSession::Options& options, int tr
     }
     if (motion == "goalkeeper" || motion == "defender" || motion == "attacker") {
         const int role = motion == "goalkeeper" ? 1 : motion == "defender" ? 2 : 3;
-        return game(role, options, limit(45.0));
+        return game(role, options, limit(45.0), false);
+    }
+    if (motion == "score") {
+        return game(3, options, limit(180.0), true);
     }
     Result unknown;
     unknown.note = "unknown motion";
