@@ -787,8 +787,18 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
     const auto goalLine = static_cast<double>(Pitch::halfLength()) + kBallRadius;
     while (bench.elapsed() < limit && goalAt == 0.0) {
         const bool wasStandingUp = doing == "standup";
+        const bool wasKicking = doing == "kick";
         const bool onFeet = bench.session.standing();
         const std::unique_ptr<Command> command(bench.session.planAct(role));
+        if (bench.trace && !wasKicking && doing == "kick") {
+            // Where the ball lies in the robot's own frame (x forward, y left) as the kick begins.
+            const LabSession::Pose& pose = bench.session.pose();
+            const double dx = bench.session.ballX() - pose.x;
+            const double dy = bench.session.ballY() - pose.y;
+            const double h = pose.heading * kDegToRad;
+            std::cout << "trace kick begins, ball ahead " << dx * std::cos(h) + dy * std::sin(h)
+                      << " m, left " << -dx * std::sin(h) + dy * std::cos(h) << " m\n";
+        }
         if (!wasStandingUp && doing == "standup") {
             const double head = bench.session.pose().headHeight;
             ++standUps;
