@@ -181,9 +181,7 @@ TEST(ConfigArgumentsTest, OptionsWriteTheirKeysOrPrintTheUsage) {
 
 // Typed settings are read once, and again whenever the configuration changes: a key written
 // (as the command line does), a file read again, or the whole store emptied and reloaded.
-TEST(SettingsTest, FollowEveryChangeOfTheConfiguration) {
-    Config::resetState();
-    const support::ScratchDirectory dir;
+TEST_F(ConfigFileTest, SettingsFollowEveryChangeOfTheConfiguration) {
     config.add("ServerInitialize", dir.write("server.conf",
                                              "[Server]\nOfflinePlaying = false\nVersion = 0.7.4\n"
                                              "[Public]\nUniformNum = 2\n"));
@@ -205,9 +203,7 @@ TEST(SettingsTest, FollowEveryChangeOfTheConfiguration) {
     Config::resetState();
 }
 
-TEST(SettingsTest, ASettingOfEachType) {
-    Config::resetState();
-    const support::ScratchDirectory dir;
+TEST_F(ConfigFileTest, ASettingOfEachType) {
     config.add("C", dir.write("c.conf",
                               "[G]\nf = 0.25\ni = 7\nb = 1\nB = TRUE\nno = yes\n"
                               "s = two words\n"));
