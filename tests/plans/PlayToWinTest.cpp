@@ -140,8 +140,8 @@ protected:
 TEST_F(PlayToWinPlanTest, EachRoleChoosesForTheBallAndItsPlace) {
     struct Case {
         const char* what;
-        char role;  // 'A'ttacker, 'D'efender or 'K'eeper
-        int side;
+        char role;           // 'A'ttacker, 'D'efender or 'K'eeper
+        unsigned char side;  // 1 left, 2 right
         float x, y, heading, ballX, ballY;
         const char* name;
         const char* skill;  // "" for the attacker
