@@ -791,13 +791,16 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
         const bool onFeet = bench.session.standing();
         const std::unique_ptr<Command> command(bench.session.planAct(role));
         if (bench.trace && !wasKicking && doing == "kick") {
-            // Where the ball lies in the robot's own frame (x forward, y left) as the kick begins.
+            // Where the ball lies as the kick begins, x along the body's heading, y to its left,
+            // from the server's position of the head: with the head panned off straight that is
+            // a few centimetres beside the body's centre line.
             const LabSession::Pose& pose = bench.session.pose();
             const double dx = bench.session.ballX() - pose.x;
             const double dy = bench.session.ballY() - pose.y;
             const double h = pose.heading * kDegToRad;
-            std::cout << "trace kick begins, ball ahead " << dx * std::cos(h) + dy * std::sin(h)
-                      << " m, left " << -dx * std::sin(h) + dy * std::cos(h) << " m\n";
+            std::cout << "trace kick begins, ball from the head "
+                      << dx * std::cos(h) + dy * std::sin(h) << " m ahead, "
+                      << -dx * std::sin(h) + dy * std::cos(h) << " m left\n";
         }
         if (!wasStandingUp && doing == "standup") {
             const double head = bench.session.pose().headHeight;
