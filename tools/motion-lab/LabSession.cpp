@@ -20,7 +20,6 @@ namespace {
 const char kScene[] = "(scene rsg/agent/nao/nao.rsg)";
 // Torso height (metres) at which a placed robot is set down; it settles from there.
 constexpr double kPlacementHeight = 0.40;
-constexpr double kBallRadius = 0.042;  // metres
 // Head heights (metres) below which the robot counts as fallen and above which as standing.
 constexpr double kFallenHeadHeight = 0.25;
 constexpr double kStandingHeadHeight = 0.40;

@@ -19,6 +19,8 @@ class WorldModel;
 // they are used as the truth; otherwise the player's own localisation stands in for it.
 class LabSession {
 public:
+    static constexpr double kBallRadius = 0.042;  // metres
+
     struct Options {
         std::string host = "127.0.0.1";
         unsigned int agentPort = 3100;

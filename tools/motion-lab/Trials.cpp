@@ -34,7 +34,6 @@ namespace {
 // from every trial's path.
 constexpr double kBallAsideX = -12.0;
 constexpr double kBallAsideY = -8.0;
-constexpr double kBallRadius = 0.042;  // metres
 
 // A robot on the field, standing still, with the measurements every trial takes.
 class Bench {
@@ -784,7 +783,7 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
     // Seconds to the first goal: into the opponents' goal (+x, the lab's team plays on the
     // left) counts, into the own goal is reported as a negative time.
     double goalAt = 0.0;
-    const auto goalLine = static_cast<double>(Pitch::halfLength()) + kBallRadius;
+    const auto goalLine = static_cast<double>(Pitch::halfLength()) + LabSession::kBallRadius;
     while (bench.elapsed() < limit && goalAt == 0.0) {
         const bool wasStandingUp = doing == "standup";
         const bool wasKicking = doing == "kick";
