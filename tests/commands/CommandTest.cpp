@@ -112,18 +112,4 @@ TEST(LegCorrections, FootParallelToTheGroundAndRaise) {
     EXPECT_EQ(command.getKneeCommand().getJointVelocityValue(), 3.0F);
 }
 
-TEST(Say, BallPositionInFourCharacters) {
-    // (The effector text pins "5a>7" for (3.47, 12.05).)
-    EXPECT_EQ(SayCommand::encode(205.99F, 0.5F),
-              "\xff\x95"
-              "2d");
-    const auto [x, y] = SayCommand::decode("5a>7");
-    EXPECT_FLOAT_EQ(x, 3.47F);
-    EXPECT_FLOAT_EQ(y, 12.05F);
-    const auto [wx, wy] = SayCommand::decode(std::string("\x31\x32\x32\x32", 4));
-    EXPECT_FLOAT_EQ(wx, 255.0F);  // codes below 50 count from the top of the 8-bit range
-    EXPECT_FLOAT_EQ(wy, 0.0F);
-    EXPECT_EQ(SayCommand::decode("52"), (std::pair<float, float>{0.0F, 0.0F}));
-}
-
 }  // namespace

@@ -2,12 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <regex>
 #include <string>
 #include <vector>
 
 #include "PlayerProcess.h"
-#include "support/Expected.h"
 #include "support/Files.h"
 #include "support/ScriptedServer.h"
 
@@ -76,21 +74,6 @@ TEST_F(StartupE2ETest, LoadsEveryConfigurationFileCreatesTheLogsAndPrintsTheUsag
     EXPECT_EQ(player.standardError(), kRefused);
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log"));
     EXPECT_TRUE(fs::is_regular_file(dir.path() + "/LogFiles/Korvel-1.log.offline"));
-}
-
-TEST_F(StartupE2ETest, MissingConfigurationFileStopsAfterTheFilesBeforeIt) {
-    fs::remove(dir.path() + "/Data/ConfigurationData/DefenceParameters.conf");
-    PlayerProcess player(dir.path(), {});
-    EXPECT_NE(player.wait(20000), 0);
-    EXPECT_EQ(player.standardOutput(),
-              statusLine("LoggerInitialize") + statusLine("ServerInitialize") +
-                  statusLine("WorldModelParameters") + statusLine("GoalKeeperParameters"));
-    const std::string diagnostic = support::checkDiagnosticPattern(
-        "Config", "virtual void ConfigFile::readFile(const std::string&)", "fin",
-        "file \"./Data/ConfigurationData/DefenceParameters.conf\" cannot be opened");
-    EXPECT_TRUE(
-        std::regex_search(player.standardError(), std::regex(diagnostic, std::regex::extended)))
-        << player.standardError();
 }
 
 }  // namespace

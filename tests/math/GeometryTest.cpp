@@ -16,11 +16,7 @@ TEST(GeometryTest, NormalizeAngleStepsByTwoPiIntoMinusPiToPi) {
     const auto abovePi = static_cast<float>(kPi);
     const float belowPi = std::nextafter(abovePi, 0.0F);
     const std::pair<float, float> cases[] = {
-        {4.0F, static_cast<float>(4.0 - kTwoPi)},
-        {-10.0F,
-         static_cast<float>(static_cast<double>(static_cast<float>(-10.0 + kTwoPi)) + kTwoPi)},
         {1.0F, 1.0F},
-        {0.0F, 0.0F},
         {abovePi, static_cast<float>(static_cast<double>(abovePi) - kTwoPi)},
         {belowPi, belowPi},
         {-belowPi, -belowPi},

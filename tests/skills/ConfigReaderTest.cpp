@@ -108,9 +108,6 @@ TEST_F(ConfigReaderTest, BadSkillFilesStopNamingTheFileGroupAndKey) {
         {skilltest::skillText({step({{"Leg::Right", "1 2 3 4 5"}})}, 1),
          "file \"./Data/SkillData/S.conf\", group \"Step1\", key \"Leg::Right\": 6 words needed, "
          "5 given"},
-        {skilltest::skillText({step({{"rightRaise2", "true 20"}})}, 1),
-         "file \"./Data/SkillData/S.conf\", group \"Step1\", key \"rightRaise2\": 3 words "
-         "needed, 2 given"},
         {skilltest::skillText({step({{"precision", "true"}})}, 1),
          "file \"./Data/SkillData/S.conf\", group \"Step1\", key \"precision\": 2 words needed, "
          "1 given"},

@@ -10,6 +10,7 @@
 
 #include "SkillFiles.h"
 #include "agent/ProcessState.h"
+#include "body/JointNames.h"
 #include "commands/Command.h"
 #include "skills/ConfigReader.h"
 #include "skills/ConfigSkill.h"
@@ -162,10 +163,6 @@ std::vector<Landmark> cornerFlags() {
     return {{"F1L", -hx, hy}, {"F2L", -hx, -hy}, {"F1R", hx, hy}, {"F2R", hx, -hy}};
 }
 
-const char* kJointNames[] = {"hj1",  "hj2",  "raj1", "raj2", "raj3", "raj4", "laj1", "laj2",
-                             "laj3", "laj4", "rlj1", "rlj2", "rlj3", "rlj4", "rlj5", "rlj6",
-                             "llj1", "llj2", "llj3", "llj4", "llj5", "llj6"};
-
 }  // namespace
 
 std::string polar(double dx, double dy, double dz, double heading, double tilt) {
@@ -204,10 +201,18 @@ std::string message(const Scene& scene) {
         const auto it = scene.joints.find(name);
         return it == scene.joints.end() ? 0.0F : it->second;
     };
-    for (int i = 0; i < 2; ++i) {
-        std::snprintf(number, sizeof number, "%.2f", static_cast<double>(angle(kJointNames[i])));
-        out << "(HJ (n " << kJointNames[i] << ") (ax " << number << "))";
-    }
+    // The head's joints, then what the camera sees, then the other joints, as the server orders
+    // its lists.
+    const auto joints = [&](bool head) {
+        for (const JointName& joint : JointNames::table()) {
+            if ((joint.part == BodyPart::Head) == head) {
+                std::snprintf(number, sizeof number, "%.2f",
+                              static_cast<double>(angle(joint.perceptorName)));
+                out << "(HJ (n " << joint.perceptorName << ") (ax " << number << "))";
+            }
+        }
+    };
+    joints(true);
     if (scene.vision) {
         // The head's heading is the body's turned by the head pan joint.
         const double heading =
@@ -231,13 +236,8 @@ std::string message(const Scene& scene) {
                      static_cast<double>(scene.ballY - scene.y), 0.0, scene.fallen ? 0.0 : heading)
             << "))";
     }
-    for (int i = 2; i < 22; ++i) {
-        std::snprintf(number, sizeof number, "%.2f", static_cast<double>(angle(kJointNames[i])));
-        out << "(HJ (n " << kJointNames[i] << ") (ax " << number << "))";
-        if (i == 15) {
-            out << "(FRP (n rf) (c 0.00 0.00 -0.01) (f 0.00 0.00 22.50))";
-        }
-    }
+    joints(false);
+    out << "(FRP (n rf) (c 0.00 0.00 -0.01) (f 0.00 0.00 22.50))";
     std::snprintf(number, sizeof number, "%.2f", static_cast<double>(scene.leftContactY));
     out << "(FRP (n lf) (c 0.00 " << number << " -0.01) (f 0.00 0.00 22.50))";
     return out.str();

@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace support {
@@ -67,27 +68,6 @@ std::vector<std::string> ScriptedServer::frames() const {
     return mFrames;
 }
 
-std::vector<ScriptedServer::Event> ScriptedServer::events() const {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    return mEvents;
-}
-
-std::string ScriptedServer::describe() const {
-    static const char* const kNames[] = {"Accepted", "Sent",         "Received",
-                                         "Timeout",  "ClientClosed", "Closed"};
-    std::string text;
-    for (const Event& event : events()) {
-        text += std::string(kNames[static_cast<int>(event.kind)]) + ": " +
-                event.data.substr(0, 80) + "\n";
-    }
-    return text;
-}
-
-void ScriptedServer::record(Kind kind, std::string data) {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    mEvents.push_back({kind, std::move(data)});
-}
-
 bool ScriptedServer::pump(Millis limit) {
     for (int wait = static_cast<int>(limit.count()); !mClientClosed; wait = 0) {
         std::array<pollfd, 2> fds{{{mClient, POLLIN, 0}, {mWake[0], POLLIN, 0}}};
@@ -101,7 +81,6 @@ bool ScriptedServer::pump(Millis limit) {
         const ssize_t got = ::recv(mClient, chunk.data(), chunk.size(), 0);
         if (got <= 0) {
             mClientClosed = true;
-            record(Kind::ClientClosed);
             break;
         }
         const std::lock_guard<std::mutex> lock(mMutex);
@@ -115,7 +94,6 @@ bool ScriptedServer::pump(Millis limit) {
                 break;
             }
             mFrames.push_back(mPending.substr(4, length));
-            mEvents.push_back({Kind::Received, mFrames.back()});
             mPending.erase(0, 4 + length);
         }
     }
@@ -132,7 +110,6 @@ void ScriptedServer::run() {
         using Step = ServerScript::Step;
         const timeval sendLimit{5, 0};
         ::setsockopt(mClient, SOL_SOCKET, SO_SNDTIMEO, &sendLimit, sizeof(sendLimit));
-        record(Kind::Accepted);
         bool reset = false;
         for (const ServerScript::Action& action : mScript.actions) {
             if (const std::lock_guard<std::mutex> lock(mMutex); mStop) {
@@ -152,15 +129,10 @@ void ScriptedServer::run() {
                     static_cast<ssize_t>(bytes.size())) {
                     break;
                 }
-                record(Kind::Sent, action.bytes);
             } else if (action.step == Step::ExpectFrame) {
                 while (frames().size() <= mTaken && left().count() > 0 && pump(left())) {
                 }
-                if (frames().size() > mTaken) {
-                    ++mTaken;
-                } else {
-                    record(Kind::Timeout);
-                }
+                mTaken = std::min(frames().size(), mTaken + 1);
             } else if (action.step == Step::Sleep) {
                 while (left().count() > 0 && pump(left())) {
                 }
@@ -178,7 +150,6 @@ void ScriptedServer::run() {
             pump(Millis(0));
         }
         ::close(mClient);
-        record(Kind::Closed);
     }
     const std::lock_guard<std::mutex> lock(mMutex);
     mDone = true;

@@ -50,16 +50,10 @@ private:
 
 // A one-connection server on 127.0.0.1 (ephemeral port) speaking the length-prefixed framing:
 // a background thread accepts one client within 5 s and runs the script, recording every frame
-// the client sends and, in order, what happened. At the end of the script it reads what is
-// already waiting, then closes. Read the records after wait(); the destructor stops the script.
+// the client sends. At the end of the script it reads what is already waiting, then closes.
+// Read the frames after wait(); the destructor stops the script.
 class ScriptedServer {
 public:
-    enum class Kind { Accepted, Sent, Received, Timeout, ClientClosed, Closed };
-    struct Event {
-        Kind kind;
-        std::string data;  // Sent: the text as scripted; Received: the frame's payload
-    };
-
     explicit ScriptedServer(ServerScript script);
     ~ScriptedServer();
     ScriptedServer(const ScriptedServer&) = delete;
@@ -69,16 +63,12 @@ public:
     // Waits for the script to end; false if it still runs after `limit`.
     bool wait(Millis limit = Millis(20000));
     [[nodiscard]] std::vector<std::string> frames() const;
-    [[nodiscard]] std::vector<Event> events() const;
-    // The events as text, for failure messages.
-    [[nodiscard]] std::string describe() const;
 
 private:
     void run();
     // Waits up to `limit` for bytes from the client and takes all that came; false once the
     // client has closed or the server is stopping.
     bool pump(Millis limit);
-    void record(Kind kind, std::string data = "");
 
     ServerScript mScript;
     int mListen = -1;
@@ -94,7 +84,6 @@ private:
     bool mStop = false;
     std::string mPending;  // bytes of an incomplete frame
     std::vector<std::string> mFrames;
-    std::vector<Event> mEvents;
     std::thread mThread;
 };
 

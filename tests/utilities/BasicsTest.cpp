@@ -42,16 +42,4 @@ TEST(BasicsTest, StatusLines) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), cases[0].line + cases[1].line);
 }
 
-TEST(BasicsTest, UniformNumbersAreBase36Digits) {
-    for (const auto& [number, digit] :
-         {std::pair{0U, '0'}, {9U, '9'}, {10U, 'A'}, {11U, 'B'}, {35U, 'Z'}}) {
-        EXPECT_EQ(basics::uniNumToChar(number), digit);
-        EXPECT_EQ(basics::charToUniNum(digit), static_cast<int>(number));
-    }
-    EXPECT_TRUE(basics::isInPlayers(11, "1B5"));
-    EXPECT_TRUE(basics::isInPlayers(5, "1B5"));
-    EXPECT_FALSE(basics::isInPlayers(10, "1B5"));
-    EXPECT_FALSE(basics::isInPlayers(1, ""));
-}
-
 }  // namespace

@@ -83,20 +83,6 @@ TEST_F(LocalisationTest, AllEightLandmarksRefineThePositionOnAGrid) {
     EXPECT_NEAR(estimate.z, 0.05, 1e-4);
 }
 
-TEST_F(LocalisationTest, CancellingPairEstimatesKeepThePreviousHeading) {
-    wm.updateBodyAngularPositionByFlags({{F1R, V(4, -5, 0)}, {F2R, V(-4, -5, 0)}}, 0);
-    ASSERT_NEAR(wm.getXY(), pi / 2, 1e-6);
-    const float heading = wm.getXY();
-    // Two landmarks 8 m apart seen at one place: the two pair estimates point opposite ways.
-    const Seen seen = {{F1R, V(5, 0, 0)}, {F2R, V(5, 0, 0)}};
-    EXPECT_EQ(wm.updateBodyAngularPositionByFlags(seen, 0).x, heading);
-    EXPECT_EQ(wm.getXY(), heading);
-    EXPECT_FALSE(Share::bodyDir);
-    const V position = wm.updateBodyAngularPositionByFlags(seen, 1);
-    EXPECT_TRUE(std::isfinite(position.x) && std::isfinite(position.y));
-    EXPECT_EQ(wm.getXY(), heading);
-}
-
 TEST_F(LocalisationTest, VisionPlacesSelfAndBall) {
     // The robot at (1, 2), camera 0.5 m up, facing +x; the ball 2 m ahead, 30 degrees down.
     const V at(1, 2, 0.5F);

@@ -75,23 +75,6 @@ TEST_F(WorldModelTest, JointVelocityIsTheChangeOverTheTimeStep) {
     EXPECT_EQ(pan.getVelocity().x, velocity);
 }
 
-TEST_F(WorldModelTest, BodyDirectionDiscountsTheNeckPan) {
-    // From message 46 on the head is turned 35 to 66 degrees to the left while the robot
-    // stands at (-14, 0) facing +x: the head's heading turns, the body's stays near 2 degrees.
-    WorldModel wm;
-    feedSample(wm, 46);
-    EXPECT_EQ(wm.getFlagsVisionSize(), 5);
-    EXPECT_NEAR(wm.getXY(), 0.66, 0.03);
-    EXPECT_NEAR(wm.getSelf()->getBodyDirection(), 2.2, 1.5);
-    feedSample(wm, 73, 47);
-    EXPECT_EQ(wm.getFlagsVisionSize(), 2);
-    EXPECT_NEAR(wm.getXY(), 1.2, 0.03);
-    EXPECT_NEAR(wm.getSelf()->getBodyDirection(), 2.1, 1.5);
-    EXPECT_NEAR(wm.getSelf()->getPosition().x, -14.0, 0.25);
-    EXPECT_NEAR(wm.getSelf()->getPosition().y, 0.0, 0.25);
-    EXPECT_FALSE(wm.isFallen());
-}
-
 TEST_F(WorldModelTest, LogsEveryMessageOnMain) {
     WorldModel wm;
     ASSERT_TRUE(wm.update(sample(1)));
