@@ -92,6 +92,12 @@ in 7 of 22 trials over three runs (5 of 8, 2 of 8, 0 of 6; straight legs: 4 of 1
 # Every joint at the motors' top speed: the first step starts from wherever the fall left them.
 TOP_SPEED = {j: MAXSPEED for j in ALL}
 
+# The swing over the feet and the catch (degrees; cycles to reach the pose): what
+# tools/motion-search's "backup" family tunes.
+BACK = dict(swing_hip=77.1, swing_knee=-11.3, swing_ankle=39.0, swing_arm=-26.5, swing_cycles=10,
+            catch_hip=100.0, catch_knee=-120.0, catch_ankle=50.0, catch_arm=-22.6, catch_cycles=6)
+B = BACK
+
 back = [
     Step(pose(**arms(-120), **legs(-20, -130, 75)), 12, precision=4, speeds=TOP_SPEED,
          note='knees drawn in, hands back: on the back a tuck, standing a sit-down'),
@@ -105,10 +111,13 @@ back = [
          20, precision=4, note='knees drawn in, propped on the hands'),
     Step(pose(**arms(-120), **legs(100, -80.4, 10.4, yaw_pitch=-51.2, roll=12.9)), 5,
          precision=4, note='knees out'),
-    Step(pose(**arms(-26.5), **legs(77.1, -11.3, 39, yaw_pitch=-90, roll=-20)), 10, precision=4,
+    Step(pose(**arms(B['swing_arm']), **legs(B['swing_hip'], B['swing_knee'], B['swing_ankle'],
+                                              yaw_pitch=-90, roll=-20)),
+         round(B['swing_cycles']), precision=4,
          note='legs swung wide and straight, arms forward: the torso tips over the feet'),
-    Step(pose(**arms(-22.6), **legs(100, -120, 50, roll=7.4)), 6, precision=4,
-         note='catch in a squat'),
+    Step(pose(**arms(B['catch_arm']), **legs(B['catch_hip'], B['catch_knee'], B['catch_ankle'],
+                                              roll=7.4)),
+         round(B['catch_cycles']), precision=4, note='catch in a squat'),
     Step(STANCE, 30, precision=2, note='stand up into the stance'),
 ]
 

@@ -36,6 +36,7 @@ COURSES = {
     'stop': 'Stop',
     'frontup': 'FrontStandUp',
     'backup': 'BackStandUp',
+    'fallback': 'fall-back',
 }
 # Costs are counted mostly in metres walked. A fall ends the course (the lab does not stand up)
 # and costs as much as 5 m of progress more,
@@ -60,9 +61,10 @@ def course_cost(course, f):
     if course == 'stop':       # time to stand still (never: 4 s)
         still = f['still after s']
         return (still if still >= 0.0 else 4.0) + fell
-    if course in ('frontup', 'backup'):   # time to stand (never: 7 s)
-        up = f['standing after s']
-        return up if up >= 0.0 else 7.0
+    if course in ('frontup', 'backup', 'fallback'):
+        # Standing at the end above all (the share of trials that passed), then the head's
+        # height at the end (about 0.52 m standing, 0.06 m lying).
+        return 10.0 * (1.0 - f['passed']) - 2.0 * f['head m']
     raise ValueError('unknown course ' + course)
 
 
@@ -249,7 +251,8 @@ def key(x):
 
 
 def new_state(args, shipped):
-    return {'version': 1, 'seed': args.seed, 'courses': args.courses, 'names': sheets.NAMES,
+    return {'version': 1, 'seed': args.seed, 'courses': args.courses, 'family': args.family,
+            'names': sheets.NAMES,
             'bounds': [list(b) for b in sheets.BOUNDS], 'shipped': shipped, 'evaluations': [], 'generations': []}
 
 
@@ -344,6 +347,8 @@ def parse_args(argv):
     p.add_argument('--work', default='/tmp/motion-search',
                    help='scratch directory for the candidates\' Data trees and server logs')
     p.add_argument('--plot', default='motion-search.png', help='PNG drawn every generation')
+    p.add_argument('--family', default='walk', choices=sorted(sheets.FAMILIES),
+                   help='the parameters searched (see sheets.py)')
     p.add_argument('--courses', default='straight,targets',
                    help='comma-separated, from: ' + ', '.join(COURSES))
     p.add_argument('--servers', type=int, default=1, help='servers run side by side (K)')
@@ -366,6 +371,7 @@ def parse_args(argv):
                    help='write the best candidate\'s Data tree to DIR/Data and exit')
     args = p.parse_args(argv)
     args.courses = [c for c in args.courses.split(',') if c]
+    sheets.use(args.family)
     for c in args.courses:
         if c not in COURSES:
             p.error('unknown course "%s"' % c)

@@ -65,6 +65,28 @@ class SheetMapping(unittest.TestCase):
             sheets.read_stance('P0 = 25\n')
 
 
+    def test_the_back_stand_up_family_rewrites_only_its_skill(self):
+        sheets.use('backup')
+        try:
+            shipped = sheets.shipped(KEYFRAMES)
+            for name, value, (low, high) in zip(sheets.NAMES, shipped, sheets.BOUNDS):
+                self.assertTrue(low <= value <= high, name)
+            deeper = list(shipped)
+            deeper[sheets.NAMES.index('catch_ankle')] = 60.0
+            with tempfile.TemporaryDirectory() as tmp:
+                trees = [os.path.join(sheets.build_tree(x, KEYFRAMES, DATA, os.path.join(tmp, n)),
+                                      'SkillData') for n, x in (('a', shipped), ('b', deeper))]
+                changed = [f for f in sorted(os.listdir(trees[0]))
+                           if read(os.path.join(trees[0], f)) != read(os.path.join(trees[1], f))]
+                self.assertEqual(changed, ['BackStandUp.conf'])
+                self.assertEqual(read(os.path.join(trees[0], 'BackStandUp.conf')),
+                                 read(os.path.join(DATA, 'SkillData', 'BackStandUp.conf')))
+                self.assertIn('Leg::Left = 0 7.4 100 -120 60 -7.4',
+                              read(os.path.join(trees[1], 'BackStandUp.conf')))
+        finally:
+            sheets.use('walk')
+
+
 class LabOutput(unittest.TestCase):
     def test_rows_and_course_costs(self):
         out = ('# Walk: 10 m forward\nConnecting to TCP 127.0.0.1:3151\n'
@@ -90,6 +112,9 @@ class LabOutput(unittest.TestCase):
                         search.total_cost({'straight': still, 'targets': stood},
                                           ['straight', 'targets']))
         self.assertEqual(search.course_cost('stop', {'still after s': -1.0, 'fell': 0.0}), 4.0)
+        # Stand-ups: standing in more trials first, then the head's height at the end.
+        self.assertLess(search.course_cost('backup', {'passed': 0.5, 'head m': 0.29}),
+                        search.course_cost('backup', {'passed': 0.0, 'head m': 0.52}))
 
 
 class Fake(search.Evaluator):
