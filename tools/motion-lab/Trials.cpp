@@ -814,6 +814,11 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
             std::cout << "trace plan " << (doing.empty() ? "-" : doing);
             if (doing == "standup") {
                 std::cout << " " << BasicStandUp::getConfigSkill().getCurrentSkillName();
+            } else if (doing == "dash") {
+                std::cout << " "
+                          << (DashNormalGotoPoint::isActionBoolean()
+                                  ? BasicTurn::getConfigSkill().getCurrentSkillName()
+                                  : BasicDash::getConfigSkill().getCurrentSkillName());
             }
             std::cout << " step " << ConfigSkill::getCurrentConfigStepNumber() << " fallen "
                       << bench.session.world().isFallen() << " head "
