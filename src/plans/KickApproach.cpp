@@ -137,6 +137,14 @@ bool KickApproach::isKickPosition(math::Point self, float heading, math::Point b
     return std::fabs(math::absoluteAngle(heading - direction)) <= limits.maxHeading;
 }
 
+bool KickApproach::isCloseEnough(math::Point self, float heading, math::Point ball,
+                                 const Footing& footing) {
+    const double radians = math::toRadians(static_cast<double>(heading));
+    const float ahead = (ball.getX() - self.getX()) * static_cast<float>(std::cos(radians)) +
+                        (ball.getY() - self.getY()) * static_cast<float>(std::sin(radians));
+    return ahead <= footing.ballAhead;
+}
+
 KickApproach::Parameters KickApproach::readParameters(const std::string& configuration,
                                                       const std::string& group) {
     static std::map<std::string, Kept<Parameters>> kept;
@@ -147,6 +155,16 @@ KickApproach::Switch KickApproach::readSwitch(const std::string& configuration,
                                               const std::string& group) {
     static std::map<std::string, Kept<Switch>> kept;
     return keptValue(kept, configuration, group, parseSwitch);
+}
+
+bool KickApproach::hasFooting(const std::string& configuration, const std::string& group) {
+    return config.exists(configuration) && config[configuration].exists(group);
+}
+
+KickApproach::Footing KickApproach::readFooting(const std::string& configuration,
+                                                const std::string& group) {
+    static std::map<std::string, Kept<Footing>> kept;
+    return keptValue(kept, configuration, group, parseFooting);
 }
 
 KickApproach::Parameters KickApproach::parseParameters(const std::string& configuration,
@@ -168,6 +186,15 @@ KickApproach::Switch KickApproach::parseSwitch(const std::string& configuration,
     limits.maxBearing = values["MaxBallBearing"].asFloat();
     limits.maxHeading = values["MaxHeadingError"].asFloat();
     return limits;
+}
+
+KickApproach::Footing KickApproach::parseFooting(const std::string& configuration,
+                                                 const std::string& group) {
+    const ConfigGroup& values = config[configuration][group];
+    Footing footing;
+    footing.ballAhead = positiveValue(values, configuration, group, "BallAhead");
+    footing.watchBall = values["WatchBall"].asBool();
+    return footing;
 }
 
 const char* KickApproach::phaseName(Phase phase) {

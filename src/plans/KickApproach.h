@@ -46,16 +46,33 @@ public:
     static bool isKickPosition(math::Point self, float heading, math::Point ball, float direction,
                                const Switch& limits);
 
+    // The last few centimetres: once the switch fires, the robot walks on until the ball lies
+    // at most `ballAhead` ahead of its centre, where the kick was made to meet it.
+    struct Footing {
+        float ballAhead = 0.2F;  // metres ahead of the robot's centre, at most
+        bool watchBall = true;   // the head watches the ball in the last metre
+    };
+    // Whether a robot at `self` with body heading `heading` (degrees, field frame) is close
+    // enough behind the ball at `ball` to kick it.
+    static bool isCloseEnough(math::Point self, float heading, math::Point ball,
+                              const Footing& footing);
+
     // Group `group` of configuration `configuration`: keys ApproachDistance, Clearance,
     // LineTolerance and FootOffset (metres). Missing keys and values that are not positive
     // (FootOffset may be 0 or negative) are configuration errors naming the key.
     static Parameters readParameters(const std::string& configuration, const std::string& group);
     // Group `group` (as "Kick"): keys MaxBallDistance, MaxBallBearing, MaxHeadingError.
     static Switch readSwitch(const std::string& configuration, const std::string& group);
+    // Group `group` (as "Footing"): keys BallAhead (metres, positive) and WatchBall (true or
+    // false). A configuration without the group kicks as soon as the switch
+    // fires: `hasFooting` says which.
+    static bool hasFooting(const std::string& configuration, const std::string& group);
+    static Footing readFooting(const std::string& configuration, const std::string& group);
 
     static const char* phaseName(Phase phase);
 
 private:
     static Parameters parseParameters(const std::string& configuration, const std::string& group);
     static Switch parseSwitch(const std::string& configuration, const std::string& group);
+    static Footing parseFooting(const std::string& configuration, const std::string& group);
 };

@@ -11,6 +11,7 @@
 #include "plans/Pitch.h"
 #include "plans/SubBehaviour.h"
 #include "skills/SkillNames.h"
+#include "skills/dash/BasicDash.h"
 #include "skills/dash/DashNormalGotoPoint.h"
 #include "skills/kick/BasicKick.h"
 #include "skills/standup/BasicStandUp.h"
@@ -27,6 +28,9 @@ constexpr float kTargetDistance = 100.0F;
 
 const char kParameters[] = "OffenseParameters";
 const char kAttack[] = "Attack";
+const char kFooting[] = "Footing";
+// Nearer than this to the ball (metres) an attacker that places its foot watches the ball.
+constexpr float kWatchDistance = 1.0F;
 
 math::Point position(const math::Vector3<float>& v) {
     return {v.getX(), v.getY(), 0.0F};
@@ -34,6 +38,7 @@ math::Point position(const math::Vector3<float>& v) {
 }  // namespace
 
 bool OffensePlan::first = true;
+bool OffensePlan::watchingBall = false;
 std::string OffensePlan::name;
 math::Point OffensePlan::mPoint(0.0F, 0.0F, 0.0F);
 
@@ -64,6 +69,37 @@ void OffensePlan::startKick() {
     BasicKick kick(*wm, false);
     replaceCommand(kick.getCommand());
     name = subbehaviour::kKick;
+}
+
+bool OffensePlan::isMidGait() {
+    const std::string& playing = BasicDash::getConfigSkill().getCurrentSkillName();
+    return name == subbehaviour::kDash &&
+           (playing == skillname::kWalk || playing == skillname::kShortWalk);
+}
+
+float OffensePlan::distanceToBall(const WorldModel& wm) {
+    const math::Vector3<float>& self = wm.getSelf()->getPosition();
+    const math::Vector3<float>& ball = wm.getBall()->getPosition();
+    const float dx = ball.getX() - self.getX();
+    const float dy = ball.getY() - self.getY();
+    return std::sqrt(dx * dx + dy * dy);
+}
+
+void OffensePlan::closeUp() {
+    if (!KickApproach::hasFooting(kParameters, kFooting)) {
+        startKick();
+        return;
+    }
+    if (wm->getBall()->getPositionCount() != 0) {
+        return;  // not seen in the latest view: where it lies is not known to the centimetre
+    }
+    const bool close = KickApproach::isCloseEnough(
+        position(wm->getSelf()->getPosition()), wm->getSelf()->getBodyDirection(),
+        position(wm->getBall()->getPosition()), KickApproach::readFooting(kParameters, kFooting));
+    Debugger::logg("Main") << "Offense at the ball: " << (close ? "kick" : "walk on") << std::endl;
+    if (close) {
+        startKick();
+    }
 }
 
 bool OffensePlan::isScoring() {
@@ -116,11 +152,17 @@ void OffensePlan::decide() {
     }
 
     mPoint = walkingTarget(*wm);
+    watchingBall = isScoring() && KickApproach::hasFooting(kParameters, kFooting) &&
+                   KickApproach::readFooting(kParameters, kFooting).watchBall &&
+                   distanceToBall(*wm) < kWatchDistance;
     const math::Vector3<float>& self = wm->getSelf()->getPosition();
     const float dx = mPoint.getX() - self.getX();
     const float dy = mPoint.getY() - self.getY();
     Debugger::logg("Main") << "Offense distance to target: " << std::sqrt(dx * dx + dy * dy)
                            << " name: " << name << std::endl;
+
+    // Whether the walk is under way: then it may be broken off only where a gait cycle ends.
+    const bool midGait = isMidGait();
 
     // Play the current sub-behaviour once this cycle (the key-frame player steps on every call,
     // so a second call would skip key frames); when it reports it has ended, walk instead.
@@ -149,9 +191,13 @@ void OffensePlan::decide() {
         startWalking();
     }
 
-    // Kick when walking has brought the robot close behind the ball, facing the opponents' half.
-    if (name == subbehaviour::kDash && isKickPosition(*wm)) {
-        startKick();
+    // Close behind the ball, facing the opponents' half: kick (with a group "Footing", once the
+    // ball is close enough). Only where the walk has completed a gait cycle: a walk broken off
+    // in the middle of its cycle tips the robot over.
+    const bool gaitEnded = !midGait || (DashNormalGotoPoint::isFinishedBoolean() &&
+                                        !DashNormalGotoPoint::isActionBoolean());
+    if (name == subbehaviour::kDash && gaitEnded && isKickPosition(*wm)) {
+        closeUp();
     }
 
     // Fall rule: a fallen robot starts a stand-up (unless one is running).
@@ -166,6 +212,7 @@ void OffensePlan::decide() {
 void OffensePlan::resetState() {
     BallTracker::resetState();
     first = true;
+    watchingBall = false;
     name.clear();
     mPoint = math::Point(0.0F, 0.0F, 0.0F);
 }

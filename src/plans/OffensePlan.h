@@ -10,8 +10,11 @@ class WorldModel;
 
 // The attacker (role 3). After one opening style step it walks ("dash"), kicks when it stands
 // close behind the ball facing the way the kick should go ("kick"), and stands up whenever it has
-// fallen ("standup"). A sub-behaviour that has ended hands over to a fresh walk, with the walking
-// and kicking state reset.
+// fallen ("standup"). With a group "Footing" it walks on until the ball is close enough for the
+// kick to meet it (KickApproach::isCloseEnough), judged on a view that shows the ball, and
+// watches the ball in the last metre. A walk hands over to the kick only where a gait cycle ends. A
+// sub-behaviour that has ended hands over to a fresh walk, with the walking and kicking state
+// reset.
 //
 // Where it walks is set by "OffenseParameters" / "Attack" / "Target": "goal" plays for goals
 // (round the ball to a kicking position behind it on the line from the ball to the opponents'
@@ -40,8 +43,11 @@ public:
     // This cycle's walking target (field frame, metres).
     static math::Point walkingTarget(const WorldModel& wm);
 
-    static bool first;          // the opening style step has not been taken yet
-    static std::string name;    // sub-behaviour: empty, "dash", "standup" or "kick"
+    static bool first;        // the opening style step has not been taken yet
+    static std::string name;  // sub-behaviour: empty, "dash", "standup" or "kick"
+    // Close to the ball while playing for goals with a group "Footing": the head should watch
+    // the ball rather than sweep, so that every view shows where it lies.
+    static bool watchingBall;
     static math::Point mPoint;  // the walking target, rewritten every cycle
 
     // Restores the start-of-process state of the plan's statics.
@@ -51,6 +57,11 @@ private:
     void replaceCommand(Command* next);
     void startWalking();
     void startKick();
+    // At the kick switch: kick, or walk on, by the group "Footing".
+    void closeUp();
+    static float distanceToBall(const WorldModel& wm);
+    // Whether the walk ("Walk" or "ShortWalk") is under way, as a cycle begins.
+    static bool isMidGait();
 
     Command* command = nullptr;
 };

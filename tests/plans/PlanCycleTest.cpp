@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "plans/DefencePlan.h"
 #include "plans/GoalKeeperPlan.h"
@@ -128,20 +130,32 @@ TEST_F(PlanCycleTest, AttackerFallingWhileDashingPlaysOneStandUpAKeyFrameACycle)
     EXPECT_EQ(lastMarker, marker("FrontStandUp", 1));
 }
 
-TEST_F(PlanCycleTest, AttackerKicksCloseBehindTheBallThenWalksAgain) {
+TEST_F(PlanCycleTest, AttackerKicksCloseBehindTheBallAtTheEndOfAGaitCycleThenWalksAgain) {
     walkTowardsTheBall();
     // The kick player was left finished by an earlier kick: the kick still starts afresh.
     BasicKick::getConfigSkill().setCurrentSkillName("Stop");
     BasicKick::getConfigSkill().setFinishedSkill(true);
     scene.ballX = scene.x + 0.2F;
     scene.ballY = 0.05F;
-    attack(false);
+    // The walk is in the middle of its gait cycle (3 key frames, looping to the last): it plays
+    // on to the cycle's end before the kick starts.
+    std::vector<float> walked = {lastMarker};
+    int cycles = 0;
+    while (OffensePlan::name == "dash" && cycles < 10) {
+        attack();
+        walked.push_back(lastMarker);
+        ++cycles;
+    }
+    // The cycle ended (its last frame, then the loop frame), then the kick.
+    ASSERT_GE(walked.size(), 3U);
+    EXPECT_EQ(walked[walked.size() - 3], marker("Walk", 2));
+    EXPECT_EQ(walked[walked.size() - 2], marker("Walk", 1));
     EXPECT_EQ(OffensePlan::name, "kick");
     EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "LeftKick");
     EXPECT_EQ(lastMarker, marker("LeftKick", 0));
 
     // The kick runs to its end (its "Stop" included), then the attacker walks again.
-    int cycles = 0;
+    cycles = 0;
     while (OffensePlan::name == "kick" && cycles < 20) {
         scene.ballX = 5.0F;  // the ball has gone
         attack();
@@ -150,6 +164,40 @@ TEST_F(PlanCycleTest, AttackerKicksCloseBehindTheBallThenWalksAgain) {
     EXPECT_EQ(OffensePlan::name, "dash");
     EXPECT_GT(cycles, 2);
     EXPECT_EQ(BasicKick::getConfigSkill().getCurrentSkillName(), "@");
+}
+
+// With a group "Footing" the attacker playing for goals walks on, watching the ball, until the
+// ball is close enough, then kicks where a gait cycle ends.
+TEST_F(PlanCycleTest, AttackerWithFootingWalksOnUntilTheBallIsCloseThenKicks) {
+    ConfigFile& offense = config["OffenseParameters"];
+    for (const auto& [group, key, value] : {std::tuple{"Attack", "Target", "goal"},
+                                            {"Attack", "ApproachDistance", "0.6"},
+                                            {"Attack", "Clearance", "0.7"},
+                                            {"Attack", "LineTolerance", "0.25"},
+                                            {"Attack", "FootOffset", "0.055"},
+                                            {"Footing", "BallAhead", "0.2"},
+                                            {"Footing", "WatchBall", "true"}}) {
+        offense.addGroup(group);
+        offense[group].add(key, value);
+    }
+    walkTowardsTheBall();
+    EXPECT_FALSE(OffensePlan::watchingBall);  // 7 m away
+    scene.ballX = scene.x + 0.3F;
+    scene.ballY = scene.y + 0.05F;
+    for (int i = 0; i < 6; ++i) {
+        attack();
+        EXPECT_EQ(OffensePlan::name, "dash");
+    }
+    EXPECT_TRUE(OffensePlan::watchingBall);
+    scene.ballX = scene.x + 0.15F;
+    int cycles = 0;
+    while (OffensePlan::name == "dash" && cycles < 10) {
+        attack();
+        ++cycles;
+    }
+    EXPECT_EQ(OffensePlan::name, "kick");
+    EXPECT_EQ(lastMarker, marker("LeftKick", 0));
+    Config::resetState();  // the next test registers its configuration afresh, without the groups
 }
 
 // Getting up under the fall rule `Attitude`: the side of the stand-up comes from the torso's
