@@ -197,6 +197,9 @@ void LabSession::take(const std::string& message) {
         // The left foot's pressure point along the foot (metres, + towards the toes): the
         // player's stand-up chooses front or back by its sign.
         std::cout << " | left foot contact " << body->getLeftLeg()->getFRPContactPoint().getY();
+        if (truth.ball) {
+            std::cout << " | ball x " << truth.ball->x << " y " << truth.ball->y;
+        }
         std::cout << "\n";
     }
     if (truth.ball) {
