@@ -37,6 +37,7 @@ COURSES = {
     'frontup': 'FrontStandUp',
     'backup': 'BackStandUp',
     'fallback': 'fall-back',
+    'inplay': 'score',
 }
 # Costs are counted mostly in metres walked. A fall ends the course (the lab does not stand up)
 # and costs as much as 5 m of progress more,
@@ -65,6 +66,8 @@ def course_cost(course, f):
         # Standing at the end above all (the share of trials that passed), then the head's
         # height at the end (about 0.52 m standing, 0.06 m lying).
         return 10.0 * (1.0 - f['passed']) - 2.0 * f['head m']
+    if course == 'inplay':     # the attacker's own game for 180 s: seconds on the ground
+        return f['down s'] / 10.0
     raise ValueError('unknown course ' + course)
 
 

@@ -115,6 +115,7 @@ class LabOutput(unittest.TestCase):
         # Stand-ups: standing in more trials first, then the head's height at the end.
         self.assertLess(search.course_cost('backup', {'passed': 0.5, 'head m': 0.29}),
                         search.course_cost('backup', {'passed': 0.0, 'head m': 0.52}))
+        self.assertEqual(search.course_cost('inplay', {'down s': 75.0, 'falls': 5.0}), 7.5)
 
 
 class Fake(search.Evaluator):
