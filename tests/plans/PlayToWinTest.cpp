@@ -78,28 +78,6 @@ TEST(KickApproach, SwitchFiresCloseBehindTheBallFacingTheKick) {
     }
 }
 
-TEST(KickApproach, FootingKicksOnceTheBallIsCloseAhead) {
-    const KickApproach::Footing footing;  // 0.2 m
-    struct Case {
-        const char* what;
-        Point ball;
-        float heading;
-        bool close;
-    };
-    const Case cases[] = {
-        {"in front of the left foot", {0.15F, 0.05F}, 0, true},
-        {"at the limit", {0.2F, 0.0F}, 0, true},
-        {"still too far", {0.21F, 0.0F}, 0, false},
-        {"facing -x", {-0.15F, 0.0F}, 180, true},
-        {"facing -x, too far", {-0.3F, 0.05F}, 180, false},
-        {"facing +y: only the part along the heading counts", {0.3F, 0.1F}, 90, true},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(KickApproach::isCloseEnough({0, 0}, c.heading, c.ball, footing), c.close)
-            << c.what;
-    }
-}
-
 TEST(DefenderAndKeeperPlaces, OnTheirLinesBetweenBallAndGoal) {
     struct Case {
         const char* what;
