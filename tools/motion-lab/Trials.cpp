@@ -845,6 +845,7 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
     if (untilGoal) {
         result.values = {{"goal after s", goalAt > 0.0 ? goalAt : -1.0},
                          {"falls", falls},
+                         {"stand-ups", standUps},
                          {"down s", downSeconds},
                          {"ball x m", ballTravel}};
         result.passed = goalAt > 0.0;
