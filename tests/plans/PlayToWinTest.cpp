@@ -134,6 +134,23 @@ protected:
     support::ScratchDirectory dir;
 };
 
+// Back on its line after a walk, the defender side-steps from the side step's first key frame,
+// wherever the walk had got to in its gait (the key-frame step is shared by every skill player).
+TEST_F(PlayToWinPlanTest, DefenderSideStepsFromTheFirstFrameAfterAWalk) {
+    scene.x = -4;  // its line is x = -9
+    scene.ballX = 5;
+    scene.ballY = 10;
+    for (int i = 0; i < 3; ++i) {
+        cycle<DefencePlan>("Defence");
+    }
+    EXPECT_EQ(DefencePlan::name, "walk");
+    scene.x = -9;  // at its place on the line, level with where the ball's line crosses it
+    scene.y = 3;
+    cycle<DefencePlan>("Defence");
+    EXPECT_EQ(DefencePlan::name, "sideWalk");
+    EXPECT_EQ(lastMarker, motiontest::marker("LeftSideWalk", 0));
+}
+
 // One cycle of a role's plan (two for the attacker: its first is the opening style step) from a
 // fresh game: the sub-behaviour chosen and the skill started (the dive's side, or the
 // side-stepping or walking skill), or for the attacker's walk its target.

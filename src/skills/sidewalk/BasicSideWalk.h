@@ -10,7 +10,8 @@ class WorldModel;
 
 // Side-steps the robot towards a y coordinate of the field. The side ("LeftSideWalk" or
 // "RightSideWalk") is chosen afresh only between two complete side-step skills, never in the
-// middle of one; a robot exactly at the target steps left.
+// middle of one; a robot exactly at the target steps left. After any other skill (a walk, a
+// stand-up) the side step starts again from its first key frame.
 class BasicSideWalk : public BasicAction {
 public:
     // One cycle of side-stepping towards field coordinate `y` (metres). The command is always
@@ -35,4 +36,5 @@ private:
     static ConfigSkill configSkill;
     static std::string sideWalkSide;
     static bool firstFinished;
+    static unsigned int stepLeftAt;  // the key-frame step the last side step left behind
 };
