@@ -2,13 +2,10 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <cstdlib>
 
 #include "body/Body.h"
 #include "commands/Command.h"
-#include "math/Angles.h"
-#include "math/Geometry.h"
 #include "plans/DefencePlan.h"
 #include "plans/GoalKeeperPlan.h"
 #include "plans/OffensePlan.h"
@@ -44,9 +41,8 @@ constexpr float kPanBandInner = 100.0F;
 constexpr float kPanBandOuter = 130.0F;
 // Watching the ball close in front: the head bowed this far (degrees; 30 still shows a ball
 // 0.15 m ahead of the feet, and the walk keeps its balance: bowed 35 or more it falls within
-// 4 s), the pan at most this far (degrees) either side.
+// 4 s).
 constexpr float kWatchTilt = -30.0F;
-constexpr float kWatchPan = 90.0F;
 
 int uniformNumber() {
     return settings::uniformNumber();
@@ -198,21 +194,10 @@ void AgentModel::pointHead(Command* command, const WorldModel* wm) {
         return;
     }
     if (OffensePlan::watchingBall) {
-        setHead(command, wm, kHeadStep, ballBearing(wm), kWatchTilt);
+        setHead(command, wm, kHeadStep, OffensePlan::watchPan, kWatchTilt);
         return;
     }
     setHead(command, wm, speed, pan, kHeadTilt);
-}
-
-float AgentModel::ballBearing(const WorldModel* wm) {
-    const math::Vector3<float>& self = wm->getSelf()->getPosition();
-    const math::Vector3<float>& ball = wm->getBall()->getPosition();
-    const double toBall = std::atan2(static_cast<double>(ball.getY() - self.getY()),
-                                     static_cast<double>(ball.getX() - self.getX())) *
-                          math::kDegreesPerRadian;
-    const float bearing =
-        math::absoluteAngle(static_cast<float>(toBall) - wm->getSelf()->getBodyDirection());
-    return std::clamp(bearing, -kWatchPan, kWatchPan);
 }
 
 bool AgentModel::standingUp() {

@@ -59,9 +59,6 @@ public:
     // head is held straight (pan and tilt 0) while the plan plays a stand-up. Also for tools that
     // drive the head as the player does.
     void pointHead(Command* command, const WorldModel* wm);
-    // Where the ball lies from the body's heading (degrees, left positive), within the pan
-    // allowed while watching it.
-    static float ballBearing(const WorldModel* wm);
 
     // The head pan target of the current cycle, degrees.
     static float headValue;

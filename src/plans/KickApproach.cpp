@@ -115,16 +115,23 @@ KickApproach::Target KickApproach::target(math::Point self, math::Point ball, ma
     return {Phase::Round, point(b + n * (side * parameters.clearance))};
 }
 
-bool KickApproach::isKickPosition(math::Point self, float heading, math::Point ball,
-                                  float direction, const Switch& limits) {
-    const double radians = math::toRadians(static_cast<double>(direction));
+math::Point KickApproach::inFrame(math::Point origin, float heading, math::Point p) {
+    const double radians = math::toRadians(static_cast<double>(heading));
     const auto ux = static_cast<float>(std::cos(radians));
     const auto uy = static_cast<float>(std::sin(radians));
+    const float dx = p.getX() - origin.getX();
+    const float dy = p.getY() - origin.getY();
+    return {dx * ux + dy * uy, -dx * uy + dy * ux, 0.0F};
+}
+
+bool KickApproach::isKickPosition(math::Point self, float heading, math::Point ball,
+                                  float direction, const Switch& limits) {
     const float dx = ball.getX() - self.getX();
     const float dy = ball.getY() - self.getY();
     // The ball in a frame whose x points along the direction of the kick.
-    const float ahead = dx * ux + dy * uy;
-    const float across = -dx * uy + dy * ux;
+    const math::Point seen = inFrame(self, direction, ball);
+    const float ahead = seen.getX();
+    const float across = seen.getY();
     if (std::sqrt(dx * dx + dy * dy) > limits.maxDistance || ahead <= 0.0F) {
         return false;
     }
@@ -135,14 +142,6 @@ bool KickApproach::isKickPosition(math::Point self, float heading, math::Point b
         return false;
     }
     return std::fabs(math::absoluteAngle(heading - direction)) <= limits.maxHeading;
-}
-
-bool KickApproach::isCloseEnough(math::Point self, float heading, math::Point ball,
-                                 const Footing& footing) {
-    const double radians = math::toRadians(static_cast<double>(heading));
-    const float ahead = (ball.getX() - self.getX()) * static_cast<float>(std::cos(radians)) +
-                        (ball.getY() - self.getY()) * static_cast<float>(std::sin(radians));
-    return ahead <= footing.ballAhead;
 }
 
 KickApproach::Parameters KickApproach::readParameters(const std::string& configuration,

@@ -52,10 +52,10 @@ public:
         float ballAhead = 0.2F;  // metres ahead of the robot's centre, at most
         bool watchBall = true;   // the head watches the ball in the last metre
     };
-    // Whether a robot at `self` with body heading `heading` (degrees, field frame) is close
-    // enough behind the ball at `ball` to kick it.
-    static bool isCloseEnough(math::Point self, float heading, math::Point ball,
-                              const Footing& footing);
+
+    // Point `p` seen from `origin` in a frame whose x axis points along `heading` (degrees, field
+    // frame): x how far ahead, y how far to the left (metres).
+    static math::Point inFrame(math::Point origin, float heading, math::Point p);
 
     // Group `group` of configuration `configuration`: keys ApproachDistance, Clearance,
     // LineTolerance and FootOffset (metres). Missing keys and values that are not positive

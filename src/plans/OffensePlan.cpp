@@ -1,5 +1,6 @@
 #include "plans/OffensePlan.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -31,6 +32,8 @@ const char kAttack[] = "Attack";
 const char kFooting[] = "Footing";
 // Nearer than this to the ball (metres) an attacker that places its foot watches the ball.
 constexpr float kWatchDistance = 1.0F;
+// The head turns at most this far (degrees) either side to watch the ball.
+constexpr float kWatchPan = 90.0F;
 
 math::Point position(const math::Vector3<float>& v) {
     return {v.getX(), v.getY(), 0.0F};
@@ -39,6 +42,7 @@ math::Point position(const math::Vector3<float>& v) {
 
 bool OffensePlan::first = true;
 bool OffensePlan::watchingBall = false;
+float OffensePlan::watchPan = 0.0F;
 std::string OffensePlan::name;
 math::Point OffensePlan::mPoint(0.0F, 0.0F, 0.0F);
 
@@ -77,25 +81,16 @@ bool OffensePlan::isMidGait() {
            (playing == skillname::kWalk || playing == skillname::kShortWalk);
 }
 
-float OffensePlan::distanceToBall(const WorldModel& wm) {
-    const math::Vector3<float>& self = wm.getSelf()->getPosition();
-    const math::Vector3<float>& ball = wm.getBall()->getPosition();
-    const float dx = ball.getX() - self.getX();
-    const float dy = ball.getY() - self.getY();
-    return std::sqrt(dx * dx + dy * dy);
-}
-
-void OffensePlan::closeUp() {
-    if (!KickApproach::hasFooting(kParameters, kFooting)) {
+void OffensePlan::closeUp(bool placesFoot, math::Point ballFromBody) {
+    if (!placesFoot) {
         startKick();
         return;
     }
     if (wm->getBall()->getPositionCount() != 0) {
         return;  // not seen in the latest view: where it lies is not known to the centimetre
     }
-    const bool close = KickApproach::isCloseEnough(
-        position(wm->getSelf()->getPosition()), wm->getSelf()->getBodyDirection(),
-        position(wm->getBall()->getPosition()), KickApproach::readFooting(kParameters, kFooting));
+    const bool close =
+        ballFromBody.getX() <= KickApproach::readFooting(kParameters, kFooting).ballAhead;
     Debugger::logg("Main") << "Offense at the ball: " << (close ? "kick" : "walk on") << std::endl;
     if (close) {
         startKick();
@@ -152,9 +147,18 @@ void OffensePlan::decide() {
     }
 
     mPoint = walkingTarget(*wm);
-    watchingBall = isScoring() && KickApproach::hasFooting(kParameters, kFooting) &&
-                   KickApproach::readFooting(kParameters, kFooting).watchBall &&
-                   distanceToBall(*wm) < kWatchDistance;
+    // The ball as the body sees it: ahead (x) and to the left (y), metres.
+    const math::Point ballFromBody = KickApproach::inFrame(position(wm->getSelf()->getPosition()),
+                                                           wm->getSelf()->getBodyDirection(),
+                                                           position(wm->getBall()->getPosition()));
+    const bool placesFoot = KickApproach::hasFooting(kParameters, kFooting);
+    watchingBall = placesFoot && KickApproach::readFooting(kParameters, kFooting).watchBall &&
+                   isScoring() &&
+                   std::hypot(ballFromBody.getX(), ballFromBody.getY()) < kWatchDistance;
+    watchPan = std::clamp(static_cast<float>(std::atan2(static_cast<double>(ballFromBody.getY()),
+                                                        static_cast<double>(ballFromBody.getX())) *
+                                             math::kDegreesPerRadian),
+                          -kWatchPan, kWatchPan);
     const math::Vector3<float>& self = wm->getSelf()->getPosition();
     const float dx = mPoint.getX() - self.getX();
     const float dy = mPoint.getY() - self.getY();
@@ -197,7 +201,7 @@ void OffensePlan::decide() {
     const bool gaitEnded = !midGait || (DashNormalGotoPoint::isFinishedBoolean() &&
                                         !DashNormalGotoPoint::isActionBoolean());
     if (name == subbehaviour::kDash && gaitEnded && isKickPosition(*wm)) {
-        closeUp();
+        closeUp(placesFoot, ballFromBody);
     }
 
     // Fall rule: a fallen robot starts a stand-up (unless one is running).
@@ -213,6 +217,7 @@ void OffensePlan::resetState() {
     BallTracker::resetState();
     first = true;
     watchingBall = false;
+    watchPan = 0.0F;
     name.clear();
     mPoint = math::Point(0.0F, 0.0F, 0.0F);
 }

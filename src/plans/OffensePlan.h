@@ -11,7 +11,7 @@ class WorldModel;
 // The attacker (role 3). After one opening style step it walks ("dash"), kicks when it stands
 // close behind the ball facing the way the kick should go ("kick"), and stands up whenever it has
 // fallen ("standup"). With a group "Footing" it walks on until the ball is close enough for the
-// kick to meet it (KickApproach::isCloseEnough), judged on a view that shows the ball, and
+// kick to meet it (KickApproach::Footing), judged on a view that shows the ball, and
 // watches the ball in the last metre. A walk hands over to the kick only where a gait cycle ends. A
 // sub-behaviour that has ended hands over to a fresh walk, with the walking and kicking state
 // reset.
@@ -48,6 +48,7 @@ public:
     // Close to the ball while playing for goals with a group "Footing": the head should watch
     // the ball rather than sweep, so that every view shows where it lies.
     static bool watchingBall;
+    static float watchPan;      // where the ball lies from the body's heading, degrees (left +)
     static math::Point mPoint;  // the walking target, rewritten every cycle
 
     // Restores the start-of-process state of the plan's statics.
@@ -57,9 +58,9 @@ private:
     void replaceCommand(Command* next);
     void startWalking();
     void startKick();
-    // At the kick switch: kick, or walk on, by the group "Footing".
-    void closeUp();
-    static float distanceToBall(const WorldModel& wm);
+    // At the kick switch: kick, or (with a group "Footing") walk on while the ball, as the body
+    // sees it, lies further ahead than the kick reaches.
+    void closeUp(bool placesFoot, math::Point ballFromBody);
     // Whether the walk ("Walk" or "ShortWalk") is under way, as a cycle begins.
     static bool isMidGait();
 
