@@ -10,8 +10,8 @@
 class Body;
 
 // One whole-body key frame and the effector message of one cycle: a command per joint of the
-// five limbs, the say text, and the step flags a skill file sets (wait, feet parallel to the
-// ground, raises, precision, loop step).
+// five limbs, the say text, and the step flags a skill file sets (wait, end at a lean, feet
+// parallel to the ground, raises, precision, loop step).
 class Command {
 public:
     // The effector text of a command that is held (sendCommand false): every joint stopped.
@@ -39,6 +39,8 @@ public:
     void setSendCommand(bool value) { sendCommand = value; }
     [[nodiscard]] bool isWait() const { return wait; }
     void setWait(bool value) { wait = value; }
+    [[nodiscard]] bool isEndAtLean() const { return endAtLean; }
+    void setEndAtLean(bool value) { endAtLean = value; }
     [[nodiscard]] bool isLeftFootParallerGround() const { return leftFootParallerGround; }
     void setLeftFootParallerGround(bool value) { leftFootParallerGround = value; }
     [[nodiscard]] bool isRightFootParallerGround() const { return rightFootParallerGround; }
@@ -66,6 +68,8 @@ public:
     void setPrecisionValue(float value) { precisionValue = value; }
     [[nodiscard]] float getWaitValue() const { return waitValue; }
     void setWaitValue(float seconds) { waitValue = seconds; }
+    [[nodiscard]] float getEndAtLeanValue() const { return endAtLeanValue; }
+    void setEndAtLeanValue(float degrees) { endAtLeanValue = degrees; }
     [[nodiscard]] float getLeftRaise2Value() const { return leftRaise2Value; }
     void setLeftRaise2Value(float degrees) { leftRaise2Value = degrees; }
     [[nodiscard]] float getRightRaise2Value() const { return rightRaise2Value; }
@@ -115,6 +119,7 @@ public:
 private:
     bool sendCommand = true;
     bool wait = false;
+    bool endAtLean = false;
     bool leftFootParallerGround = false;
     bool rightFootParallerGround = false;
     bool leftRaise2 = false;
@@ -124,6 +129,7 @@ private:
     float rightFootParallerGroundVelocityValue = 0.0F;  // degrees per cycle
     float precisionValue = 0.0F;                        // degrees
     float waitValue = 0.0F;                             // seconds
+    float endAtLeanValue = 0.0F;                        // degrees forward
     float leftRaise2Value = 0.0F;                       // degrees
     float rightRaise2Value = 0.0F;                      // degrees
     float leftRaise2Speed = 0.0F;                       // degrees per cycle

@@ -14,14 +14,14 @@ ConfigSkill::ConfigSkill() = default;
 ConfigSkill::~ConfigSkill() = default;
 
 Command* ConfigSkill::getConfigCommandSkill(const std::string& name, const WorldModel* wm) {
-    const float now = wm->getTime();
-    return play(name, wm->getSelf(), &now, nullptr);
+    const Sensed sensed{wm->getTime(), wm->getAttitude().getForwardLean()};
+    return play(name, wm->getSelf(), &sensed, nullptr);
 }
 
 Command* ConfigSkill::getConfigCommandSkill(const std::string& name, const WorldModel* wm,
                                             float angle) {
-    const float now = wm->getTime();
-    return play(name, wm->getSelf(), &now, &angle);
+    const Sensed sensed{wm->getTime(), wm->getAttitude().getForwardLean()};
+    return play(name, wm->getSelf(), &sensed, &angle);
 }
 
 Command* ConfigSkill::getConfigCommandSkill(const std::string& name, const Self* agent) {
@@ -54,13 +54,15 @@ void ConfigSkill::overrideTurn(Command& frame, float angle) {
     }
 }
 
-Command* ConfigSkill::advance(const std::string& name) {
+Command* ConfigSkill::advance(const std::string& name, const Sensed* sensed) {
     const std::vector<Command*>& frames = *currentSkill;
     unsigned int& k = mCurrentConfigStepNumber;
     Command* frame = refreshed(k);
     const float tolerance =
         frame->isPrecision() ? frame->getPrecisionValue() : SkillFile::kDefaultPrecision;
-    if (self->getBody()->isequal(frame->toBody(), tolerance)) {
+    const bool leanReached = frame->isEndAtLean() && sensed != nullptr &&
+                             sensed->forwardLean >= frame->getEndAtLeanValue();
+    if (leanReached || self->getBody()->isequal(frame->toBody(), tolerance)) {
         ++k;
         Debugger::logg("Main") << " NamE: " << name << std::endl;
         if (k == frames.size()) {
@@ -75,7 +77,7 @@ Command* ConfigSkill::advance(const std::string& name) {
     return frame;
 }
 
-void ConfigSkill::applyCorrections(Command& frame, const float* now) {
+void ConfigSkill::applyCorrections(Command& frame, const Sensed* sensed) {
     LegCommand& leftLeg = frame.getLeftLegCommand();
     LegCommand& rightLeg = frame.getRightLegCommand();
     if (frame.isLeftRaise2()) {
@@ -92,12 +94,12 @@ void ConfigSkill::applyCorrections(Command& frame, const float* now) {
         rightLeg.footParallerGround(self->getPolarPosition(),
                                     frame.getRightFootParallerGroundVelocityValue());
     }
-    if (frame.isWait() && now != nullptr) {
-        frame.doWait(frame.getWaitValue(), *now);
+    if (frame.isWait() && sensed != nullptr) {
+        frame.doWait(frame.getWaitValue(), sensed->now);
     }
 }
 
-Command* ConfigSkill::play(const std::string& name, const Self* agent, const float* now,
+Command* ConfigSkill::play(const std::string& name, const Self* agent, const Sensed* sensed,
                            const float* angle) {
     finishedSkill = false;
     self = std::make_unique<Self>(agent);
@@ -120,9 +122,9 @@ Command* ConfigSkill::play(const std::string& name, const Self* agent, const flo
     if (angle != nullptr && k >= 3 && k <= 5) {
         overrideTurn(*frames[k], *angle);
     }
-    Command* frame = advance(name);
+    Command* frame = advance(name, sensed);
     Debugger::logg("Main") << "mCurrentConfigStepNumber : " << k << std::endl;
-    applyCorrections(*frame, now);
+    applyCorrections(*frame, sensed);
     Debugger::logg("Main")
         << "lle5 current : "
         << frame->getLeftLegCommand().getHingeJointCommand(4).getJointCurrentAlphaValue()

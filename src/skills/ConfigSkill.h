@@ -22,14 +22,16 @@ public:
     ConfigSkill& operator=(const ConfigSkill&) = delete;
     ~ConfigSkill() override;
 
-    // One cycle of skill `name` for the agent of wm (its time drives a step's wait). The result
+    // One cycle of skill `name` for the agent of wm (its time drives a step's wait, its torso's
+    // forward lean a step's "endAtLean"). The result
     // is the stored key frame, changed in place on every call: take a copy to keep it. A name
     // with no key frames, or a step index past them, gives a held command (sendCommand false,
     // the all-zero text) and leaves the step index unchanged.
     Command* getConfigCommandSkill(const std::string& name, const WorldModel* wm);
     // The same; on steps 3, 4 and 5 both legs' rotation joints are driven to angle + 10 degrees.
     Command* getConfigCommandSkill(const std::string& name, const WorldModel* wm, float angle);
-    // Without a world model: the state is the given self and a step's wait is not applied.
+    // Without a world model: the state is the given self; a step's wait and "endAtLean" are not
+    // applied.
     Command* getConfigCommandSkill(const std::string& name, const Self* agent);
     Command* getConfigCommandSkill(const std::string& name, const Self* agent, float angle);
 
@@ -55,16 +57,25 @@ public:
     [[nodiscard]] float getTurnValue() const { return turnValue; }
 
 private:
-    Command* play(const std::string& name, const Self* agent, const float* now, const float* angle);
+    // What the world model tells a key frame besides the body: the time (seconds) and the
+    // torso's forward lean (degrees).
+    struct Sensed {
+        float now;
+        float forwardLean;
+    };
+
+    Command* play(const std::string& name, const Self* agent, const Sensed* sensed,
+                  const float* angle);
     // The key frame k refreshed from the agent's perceived body and last command.
     Command* refreshed(unsigned int k);
     // Steps 3 to 5 of a turn: both legs' hip rotation aimed at `angle` + 10 degrees.
     void overrideTurn(Command& frame, float angle);
     // The key frame to play: the current one, or the next when the body has reached the
-    // current one within its precision (then the skill may finish and loop).
-    Command* advance(const std::string& name);
+    // current one within its precision or the torso leans as far as its "endAtLean" (then the
+    // skill may finish and loop).
+    Command* advance(const std::string& name, const Sensed* sensed);
     // The step's raises, feet parallel to the ground and wait, applied to `frame`.
-    void applyCorrections(Command& frame, const float* now);
+    void applyCorrections(Command& frame, const Sensed* sensed);
 
     std::string mCurrentSkillName = skillname::kNoSkill;
     bool finishedSkill = false;

@@ -1,6 +1,7 @@
 #include "skills/SkillFile.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "body/Body.h"
 #include "commands/Command.h"
@@ -59,7 +60,8 @@ unsigned int stepCount(const ConfigFile& file) {
     return count > 0 ? static_cast<unsigned int>(count) : 0U;
 }
 
-// The step flags of one key frame: feet parallel to the ground, wait, raises and precision.
+// The step flags of one key frame: feet parallel to the ground, wait, end at a lean, raises and
+// precision.
 // Returns the precision of the step's joint targets (degrees).
 float readStepFlags(const ConfigGroup& step, Command& command) {
     const ConfigValue& leftFoot = step["leftFootParallerGround"];
@@ -76,6 +78,10 @@ float readStepFlags(const ConfigGroup& step, Command& command) {
     command.setWait(step.exists("wait"));
     if (command.isWait()) {
         command.setWaitValue(wordAsFloat(step["wait"], 0));
+    }
+    command.setEndAtLean(step.exists(SkillFile::kEndAtLean));
+    if (command.isEndAtLean()) {
+        command.setEndAtLeanValue(wordAsFloat(step[SkillFile::kEndAtLean], 0));
     }
 
     const ConfigValue& leftRaise = step["leftRaise2"];
@@ -211,6 +217,15 @@ std::vector<SkillFile::Problem> SkillFile::validate(const ConfigFile& file) {
             requireWords(group, groupName, flag.key, 1, problems);
             if (group.exists(flag.key) && wordAsBool(group[flag.key], 0)) {
                 requireWords(group, groupName, flag.key, flag.wordsWhenTrue, problems);
+            }
+        }
+        if (group.exists(kEndAtLean)) {
+            const std::string& word = wordText(group[kEndAtLean], 0);
+            char* end = nullptr;
+            const float degrees = std::strtof(word.c_str(), &end);
+            if (word.empty() || *end != '\0' || !(degrees >= -180.0F && degrees <= 180.0F)) {
+                problems.push_back({groupName, kEndAtLean,
+                                    "\"" + word + "\" is not an angle from -180 to 180 degrees"});
             }
         }
         for (const LimbKeys& limb : limbs()) {

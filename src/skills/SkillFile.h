@@ -33,6 +33,10 @@ public:
     static constexpr const char* kLeaveOut = "9999";
     // The word of "Leg::Left" that keeps the last sent target.
     static constexpr const char* kLastTarget = "LT";
+    // The optional step key that ends the key frame once the torso leans forward at least its
+    // value (degrees; negative: leans backwards no more than that), whether or not the joints
+    // have reached their targets.
+    static constexpr const char* kEndAtLean = "endAtLean";
     // The precision (degrees) of every joint of a step whose "precision" is false.
     static constexpr float kDefaultPrecision = 0.1F;
 

@@ -135,6 +135,12 @@ void TorsoAttitude::decide(float now) {
     }
 }
 
+float TorsoAttitude::getForwardLean() const {
+    // Leaning forward turns the torso's forward axis down: the up direction seen from the torso
+    // moves towards its back (negative y).
+    return std::atan2(-up.y, up.z) * math::kDegreesPerRadianF;
+}
+
 TorsoAttitude::Lean TorsoAttitude::getLean() const {
     // The up direction leans away from the side that goes down.
     if (std::fabs(up.y) >= std::fabs(up.x)) {

@@ -32,6 +32,9 @@ public:
     /// down. 0 until the accelerometer has read about 1 g once.
     float getTilt() const { return tilt; }
     Lean getLean() const;
+    /// How far the torso leans forward (degrees, negative backwards), seen from the side: its
+    /// z axis against vertical in its own forward-up plane; +90 lying face down, -90 on its back.
+    float getForwardLean() const;
     /// The side on which a fallen robot lies, seen front to back: true on its back (also when
     /// it lies on a side turned more to the back than to the front).
     bool liesOnBack() const { return up.y > 0.0F; }

@@ -111,6 +111,9 @@ TEST_F(ConfigReaderTest, BadSkillFilesStopNamingTheFileGroupAndKey) {
         {skilltest::skillText({step({{"precision", "true"}})}, 1),
          "file \"./Data/SkillData/S.conf\", group \"Step1\", key \"precision\": 2 words needed, "
          "1 given"},
+        {skilltest::skillText({step({}), step({{"endAtLean", "far"}})}, 1),
+         "file \"./Data/SkillData/S.conf\", group \"Step2\", key \"endAtLean\": \"far\" is not "
+         "an angle from -180 to 180 degrees"},
     };
     for (const auto& [text, detail] : cases) {
         skilltest::DataTree bad;

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <map>
 #include <sstream>
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include "body/Body.h"
 #include "commands/Command.h"
@@ -37,6 +40,7 @@ protected:
         Logger::resetState();
         delete Share::lastCommand;
         Share::resetState();
+        Self::resetState();
     }
 
     // Loads the tree's skills from its working directory, as the player's first request does.
@@ -158,6 +162,49 @@ TEST_F(ConfigSkillTest, KeyFrameIsReachedWithinItsPrecision) {
         play(name);
         EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), next) << name << " at " << angle;
     }
+}
+
+// A step with "endAtLean" ends once the world model's torso leans that far forward, its targets
+// reached or not; without a world model only the targets count.
+TEST_F(ConfigSkillTest, KeyFrameEndsAtItsLean) {
+    tree.addSkill("Tip", skilltest::skillText({step({{"endAtLean", "70"},
+                                                     {"Leg::Left", "0 0 30 0 0 0"},
+                                                     {"Leg::PLeft", "1 1 3 1 1 1"}}),
+                                               step({})},
+                                              1));
+    load();
+    // Leaning `degrees` forward, the accelerometer shows the up direction tilted to the back.
+    const auto leaning = [](float degrees) {
+        const double radians = static_cast<double>(degrees) * 3.14159265358979 / 180.0;
+        char text[120];
+        std::snprintf(text, sizeof text, "(time (now 1.00))(ACC (n torso) (a 0.00 %.3f %.3f))",
+                      -9.81 * std::sin(radians), 9.81 * std::cos(radians));
+        return std::string(text);
+    };
+    // What a world model reads from the configuration: an offline player on today's field.
+    for (const auto& [file, group, key, value] :
+         {std::tuple{"ServerInitialize", "Server", "OfflinePlaying", "true"},
+          std::tuple{"WorldModelParameters", "Field", "Length", "30"},
+          std::tuple{"WorldModelParameters", "Field", "Width", "20"},
+          std::tuple{"WorldModelParameters", "Field", "GoalWidth", "2.1"},
+          std::tuple{"WorldModelParameters", "Ball", "Radius", "0.042"}}) {
+        config.add(file);
+        config[file].addGroup(group);
+        config[file][group].add(key, value);
+    }
+    const std::pair<float, unsigned int> cases[] = {
+        {75.0F, 1}, {70.5F, 1}, {69.5F, 0}, {-80.0F, 0}};
+    for (const auto& [degrees, next] : cases) {
+        WorldModel wm;
+        ASSERT_TRUE(wm.update(leaning(degrees)));
+        EXPECT_NEAR(wm.getAttitude().getForwardLean(), degrees, 0.01F);
+        ConfigSkill::setCurrentConfigStepNumber(0);
+        player.getConfigCommandSkill("Tip", &wm);
+        EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), next) << "leaning " << degrees;
+    }
+    ConfigSkill::setCurrentConfigStepNumber(0);
+    play("Tip");
+    EXPECT_EQ(ConfigSkill::getCurrentConfigStepNumber(), 0U);
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ def merge(*dicts):
 
 class Step:
     def __init__(self, targets, cycles, precision=2.0, wait=None, lfoot=None, rfoot=None,
-                 lraise=None, rraise=None, note=None, speeds=None):
+                 lraise=None, rraise=None, note=None, speeds=None, end_at_lean=None):
         self.targets = targets
         self.cycles = cycles
         self.precision = precision
@@ -58,6 +58,8 @@ class Step:
         self.rraise = rraise
         self.note = note
         self.speeds = speeds
+        # The step ends once the torso leans forward this far (degrees), targets reached or not.
+        self.end_at_lean = end_at_lean
 
 
 def fmt(v):
@@ -90,6 +92,8 @@ def write(path, header, steps, loop=1, start=None):
         lines.append('precision = true %s' % fmt(s.precision))
         if s.wait:
             lines.append('wait = %s' % fmt(s.wait))
+        if s.end_at_lean is not None:
+            lines.append('endAtLean = %s' % fmt(s.end_at_lean))
         for key, limb in (('Head::Instance', 'head'), ('Arm::Left', 'larm'), ('Arm::Right', 'rarm'),
                           ('Leg::Left', 'lleg'), ('Leg::Right', 'rleg')):
             pkey = key.replace('::Instance', '::PInstance').replace('::Left', '::PLeft').replace('::Right', '::PRight')
