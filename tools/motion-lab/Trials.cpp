@@ -17,6 +17,7 @@
 #include "plans/OffensePlan.h"
 #include "plans/Pitch.h"
 #include "skills/ConfigSkill.h"
+#include "skills/SkillNames.h"
 #include "skills/dash/BasicDash.h"
 #include "skills/dash/DashNormalGotoPoint.h"
 #include "skills/kick/BasicKick.h"
@@ -34,6 +35,8 @@ namespace {
 // from every trial's path.
 constexpr double kBallAsideX = -12.0;
 constexpr double kBallAsideY = -8.0;
+// Walking time added per trial before a fall-*-walking tip-over (seconds).
+constexpr double kGaitPhaseSeconds = 0.25;
 
 // A robot on the field, standing still, with the measurements every trial takes.
 class Bench {
@@ -680,13 +683,22 @@ Result goToTargets(const LabSession::Options& options, double limit) {
 // and from the first cycle the player's world model reads fallen the attacker plan runs, with
 // no pause to lie still, until 2 s after its first stand-up (and "Stop") has ended. Counts the
 // stand-ups the plan began and whether the robot is on its feet at the end. Like the stand-up
-// trials, each trial starts facing another way.
-Result fallAndGetUp(bool front, const LabSession::Options& options, int trial, double limit) {
+// trials, each trial starts facing another way. With `walking` the robot first walks for a time
+// that differs from trial to trial (0 to 2.25 s in steps of 0.25 s, ten trials in a round), so
+// that it is tipped from every phase of the gait and lands as differently as it does in games.
+Result fallAndGetUp(bool front, bool walking, const LabSession::Options& options, int trial,
+                    double limit) {
     LabSession::Options asInGame = options;
     asInGame.headSweep = true;
     Bench bench(asInGame, 0.0, 0.0, wrapDegrees(37.0 * trial));
     if (!bench.ready) {
         return noServer();
+    }
+    if (walking) {
+        ConfigSkill walker;
+        if (!bench.walkFor(walker, kGaitPhaseSeconds * ((trial - 1) % 10), false)) {
+            return noServer();
+        }
     }
     bench.mark();
     Result result;
@@ -780,6 +792,12 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
     const std::string& doing = role == 1   ? GoalKeeperPlan::name
                                : role == 2 ? DefencePlan::name
                                            : OffensePlan::name;
+    // The stand-up skills' runs past their first key frame, by side, and how many of them the
+    // plan left with the robot up: a failed run ends on the ground and the plan runs another.
+    std::map<std::string, std::pair<int, int>> tries;  // skill -> (runs, up)
+    std::string trying;
+    std::string lastSkill;
+    unsigned int lastStep = 0;
     // Seconds to the first goal: into the opponents' goal (+x, the lab's team plays on the
     // left) counts, into the own goal is reported as a negative time.
     double goalAt = 0.0;
@@ -800,6 +818,19 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
             std::cout << "trace kick begins, ball from the head "
                       << dx * std::cos(h) + dy * std::sin(h) << " m ahead, "
                       << -dx * std::sin(h) + dy * std::cos(h) << " m left\n";
+        }
+        const std::string& skill = BasicStandUp::getConfigSkill().getCurrentSkillName();
+        const unsigned int step = ConfigSkill::getCurrentConfigStepNumber();
+        if (doing == "standup" && skill != skillname::kStop && skill == lastSkill &&
+            lastStep == 0 && step == 1) {
+            trying = skill;
+            ++tries[trying].first;
+        }
+        lastSkill = doing == "standup" ? skill : "";
+        lastStep = step;
+        if (wasStandingUp && doing != "standup" && !trying.empty()) {
+            ++tries[trying].second;
+            trying.clear();
         }
         if (!wasStandingUp && doing == "standup") {
             const double head = bench.session.pose().headHeight;
@@ -847,7 +878,11 @@ Result game(int role, const LabSession::Options& options, double limit, bool unt
                          {"falls", falls},
                          {"stand-ups", standUps},
                          {"down s", downSeconds},
-                         {"ball x m", ballTravel}};
+                         {"ball x m", ballTravel},
+                         {"back runs", tries[skillname::kBackStandUp].first},
+                         {"back up", tries[skillname::kBackStandUp].second},
+                         {"front runs", tries[skillname::kFrontStandUp].first},
+                         {"front up", tries[skillname::kFrontStandUp].second}};
         result.passed = goalAt > 0.0;
         if (!result.passed) {
             result.note = goalAt < 0.0 ? "own goal" : "no goal";
@@ -893,11 +928,13 @@ double Result::value(const std::string& name) const {
 }
 
 std::vector<std::string> motions() {
-    std::vector<std::string> all = {
-        "Walk",         "ShortWalk",   "Stop",          "LeftSideWalk", "RightSideWalk",
-        "FrontStandUp", "BackStandUp", "LeftKick",      "Style",        "dash-turn",
-        "dash-point",   "goalkeeper",  "defender",      "attacker",     "standup-walking",
-        "fall-front",   "fall-back",   "go-to-targets", "score"};
+    std::vector<std::string> all = {"Walk",         "ShortWalk",          "Stop",
+                                    "LeftSideWalk", "RightSideWalk",      "FrontStandUp",
+                                    "BackStandUp",  "LeftKick",           "Style",
+                                    "dash-turn",    "dash-point",         "goalkeeper",
+                                    "defender",     "attacker",           "standup-walking",
+                                    "fall-front",   "fall-back",          "go-to-targets",
+                                    "score",        "fall-front-walking", "fall-back-walking"};
     for (const char* side : {"TurnLeft", "TurnRight"}) {
         for (const char* size : {"40", "30", "25", "15", "10", "5"}) {
             all.push_back(std::string(side) + size);
@@ -937,6 +974,8 @@ std::string target(const std::string& motion) {
         {"score", "the player's attacker plan alone from kick-off scores within 180 s"},
         {"fall-front", "tipped forwards, head sweeping: the attacker plan gets it up at once"},
         {"fall-back", "tipped backwards, head sweeping: the attacker plan gets it up at once"},
+        {"fall-front-walking", "as fall-front, tipped after walking 0-2.25 s (by trial)"},
+        {"fall-back-walking", "as fall-back, tipped after walking 0-2.25 s (by trial)"},
         {"standup-walking",
          "no fall alarm while walking (fall rule Attitude); the player's stand-up and Stop "
          "played by the walking robot (as after a false alarm) end standing"}};
@@ -983,8 +1022,9 @@ Result run(const std::string& motion, const LabSession::Options& options, int tr
     if (motion == "standup-walking") {
         return standUpWhileWalking(options, trial, limit(12.0));
     }
-    if (motion == "fall-front" || motion == "fall-back") {
-        return fallAndGetUp(motion == "fall-front", options, trial, limit(10.0));
+    if (motion.starts_with("fall-front") || motion.starts_with("fall-back")) {
+        return fallAndGetUp(motion.starts_with("fall-front"), motion.ends_with("-walking"), options,
+                            trial, limit(10.0));
     }
     if (isTurn(motion)) {
         return turn(motion, options, limit(6.0));
