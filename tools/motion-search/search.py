@@ -37,6 +37,7 @@ COURSES = {
     'frontup': 'FrontStandUp',
     'backup': 'BackStandUp',
     'fallback': 'fall-back',
+    'fallwalk': 'fall-back-walking',
     'inplay': 'score',
 }
 # Costs are counted mostly in metres walked. A fall ends the course (the lab does not stand up)
@@ -62,7 +63,7 @@ def course_cost(course, f):
     if course == 'stop':       # time to stand still (never: 4 s)
         still = f['still after s']
         return (still if still >= 0.0 else 4.0) + fell
-    if course in ('frontup', 'backup', 'fallback'):
+    if course in ('frontup', 'backup', 'fallback', 'fallwalk'):
         # Standing at the end above all (the share of trials that passed), then the head's
         # height at the end (about 0.52 m standing, 0.06 m lying).
         return 10.0 * (1.0 - f['passed']) - 2.0 * f['head m']

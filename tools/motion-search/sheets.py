@@ -44,6 +44,7 @@ FAMILIES = {
         ('catch_ankle', 'back', 35.0, 70.0),    # ankle pitch, degrees
         ('catch_arm', 'back', -50.0, 30.0),     # shoulder pitch, degrees
         ('catch_cycles', 'back', 3.0, 12.0),    # cycles to reach the squat
+        ('catch_lean', 'back', 60.0, 90.0),     # torso's forward lean that begins the catch
     ],
 }
 PARAMETERS = NAMES = BOUNDS = None

@@ -81,7 +81,7 @@ class SheetMapping(unittest.TestCase):
                 self.assertEqual(changed, ['BackStandUp.conf'])
                 self.assertEqual(read(os.path.join(trees[0], 'BackStandUp.conf')),
                                  read(os.path.join(DATA, 'SkillData', 'BackStandUp.conf')))
-                self.assertIn('Leg::Left = 0 7.4 100 -120 60 -7.4',
+                self.assertIn('Leg::Left = 0 7.4 92.04 -101.63 60 -7.4',
                               read(os.path.join(trees[1], 'BackStandUp.conf')))
         finally:
             sheets.use('walk')
