@@ -41,9 +41,7 @@ int motionIndex(const std::string& motion) {
 // lab's figures are the record), so one trial would pass or fail by chance.
 std::vector<std::string> checkedMotions() {
     std::vector<std::string> all = trials::motions();
-    std::erase_if(all, [](const std::string& m) {
-        return m.starts_with("fall-") || m == "score";
-    });
+    std::erase_if(all, [](const std::string& m) { return m.starts_with("fall-") || m == "score"; });
     return all;
 }
 
