@@ -130,6 +130,32 @@ TEST_F(PlanCycleTest, AttackerFallingWhileDashingPlaysOneStandUpAKeyFrameACycle)
     EXPECT_EQ(lastMarker, marker("FrontStandUp", 1));
 }
 
+// A stand-up stuck in a key frame it cannot reach (the robot lies on a joint) is begun again
+// after 8 s, on the side the robot lies on by then.
+TEST_F(PlanCycleTest, AttackerBeginsAStuckStandUpAgainAfterEightSeconds) {
+    walkTowardsTheBall();
+    attack();
+    scene.fallen = true;
+    scene.leftContactY = 0.02F;
+    attack(false);
+    attack();
+    EXPECT_EQ(lastMarker, marker("FrontStandUp", 1));
+    const float began = scene.time - 0.02F;
+    scene.leftContactY = -0.02F;
+    // The shoulder never reaches key frame 1's target: the run stays there until it is begun
+    // again, on the back it now lies on.
+    while (lastMarker == marker("FrontStandUp", 1) && scene.time < began + 9.0F) {
+        attack(false);
+    }
+    EXPECT_GT(scene.time - began, 8.0F);
+    EXPECT_LT(scene.time - began, 8.05F);
+    EXPECT_EQ(OffensePlan::name, "standup");
+    EXPECT_EQ(BasicStandUp::getConfigSkill().getCurrentSkillName(), "BackStandUp");
+    EXPECT_EQ(lastMarker, marker("BackStandUp", 0));
+    attack();
+    EXPECT_EQ(lastMarker, marker("BackStandUp", 1));
+}
+
 TEST_F(PlanCycleTest, AttackerKicksCloseBehindTheBallAtTheEndOfAGaitCycleThenWalksAgain) {
     walkTowardsTheBall();
     // The kick player was left finished by an earlier kick: the kick still starts afresh.

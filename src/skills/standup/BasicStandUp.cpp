@@ -9,6 +9,18 @@
 
 ConfigSkill BasicStandUp::configSkill;
 unsigned int BasicStandUp::starts = 0;
+float BasicStandUp::runBegan = 0.0F;
+
+namespace {
+
+// Seconds a stand-up key-frame run may take before it is begun again. A run that gets the robot
+// up takes 3.7-4.3 s, and no run in play that ended by itself took more than 6.4 s; runs that
+// stuck (a joint that cannot reach its target with the body lying on it, a pose from which the
+// torso never leans far enough) lay there for 14 to 126 s in the attacker's sync-mode games,
+// until the referee carried the robot off the field.
+constexpr float kRunLimit = 8.0F;
+
+}  // namespace
 
 BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
     : BasicAction(dropCommand) {
@@ -25,7 +37,16 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
         configSkill.setCurrentConfigStepNumber(0);
         if (!dropCommand) {
             ++starts;
+            runBegan = wm.getTime();
         }
+    } else if (!dropCommand && configSkill.getCurrentSkillName() != skillname::kStop &&
+               wm.getTime() - runBegan > kRunLimit) {
+        name = liesOnBack(wm) ? skillname::kBackStandUp : skillname::kFrontStandUp;
+        Debugger::logg("Main") << "StandUp: " << configSkill.getCurrentSkillName()
+                               << " has not ended after " << kRunLimit << " s, " << name
+                               << " begins" << std::endl;
+        configSkill.setCurrentConfigStepNumber(0);
+        runBegan = wm.getTime();
     } else if (configSkill.isFinished()) {
         if (configSkill.getCurrentSkillName() == skillname::kStop) {
             Debugger::logg("Main") << "StandUp: Stop has ended, the robot is up" << std::endl;
@@ -61,6 +82,7 @@ bool BasicStandUp::isFinished() {
 
 void BasicStandUp::resetState() {
     starts = 0;
+    runBegan = 0.0F;
     configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

@@ -7,9 +7,10 @@ class Command;
 class WorldModel;
 
 // Gets a fallen robot back on its feet: "FrontStandUp" or "BackStandUp", then "Stop"; it reports
-// success once "Stop" has run out. The side it lies on comes from the torso's attitude under the
-// fall rule `Attitude` (the start is then logged with the tilt), from the left foot's pressure
-// contact point under `Landmarks`.
+// success once "Stop" has run out. A run that has not ended 8 s after it began (stuck in a pose
+// it cannot leave) is begun again, on the side the robot lies on then. The side it lies on comes
+// from the torso's attitude under the fall rule `Attitude` (the start is then logged with the
+// tilt), from the left foot's pressure contact point under `Landmarks`.
 class BasicStandUp : public BasicAction {
 public:
     // `start` true begins a new stand-up; false continues the one in progress.
@@ -33,4 +34,5 @@ private:
 
     static ConfigSkill configSkill;
     static unsigned int starts;
+    static float runBegan;  // seconds: when the current key-frame run began
 };
