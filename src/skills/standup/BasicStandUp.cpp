@@ -10,6 +10,8 @@
 ConfigSkill BasicStandUp::configSkill;
 unsigned int BasicStandUp::starts = 0;
 float BasicStandUp::runBegan = 0.0F;
+unsigned int BasicStandUp::heldStep = 0;
+float BasicStandUp::heldSince = 0.0F;
 
 namespace {
 
@@ -19,6 +21,10 @@ namespace {
 // torso never leans far enough) lay there for 14 to 126 s in the attacker's sync-mode games,
 // until the referee carried the robot off the field.
 constexpr float kRunLimit = 8.0F;
+// Seconds a stand-up key frame may be held before the run goes on to the next one. The longest
+// key frame that ends by itself takes about 1.4 s; one the body cannot reach (arms pressed to the
+// ground by its weight) held a run for 25 s and more in play.
+constexpr float kKeyFrameLimit = 2.5F;
 
 }  // namespace
 
@@ -38,6 +44,8 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
         if (!dropCommand) {
             ++starts;
             runBegan = wm.getTime();
+            heldStep = 0;
+            heldSince = runBegan;
         }
     } else if (!dropCommand && configSkill.getCurrentSkillName() != skillname::kStop &&
                wm.getTime() - runBegan > kRunLimit) {
@@ -47,6 +55,8 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
                                << " begins" << std::endl;
         configSkill.setCurrentConfigStepNumber(0);
         runBegan = wm.getTime();
+        heldStep = 0;
+        heldSince = runBegan;
     } else if (configSkill.isFinished()) {
         if (configSkill.getCurrentSkillName() == skillname::kStop) {
             Debugger::logg("Main") << "StandUp: Stop has ended, the robot is up" << std::endl;
@@ -60,11 +70,32 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
         }
     } else {
         name = configSkill.getCurrentSkillName();
+        if (!dropCommand && name != skillname::kStop) {
+            goOnWhenHeld(wm);
+        }
     }
     command = new Command(configSkill.getConfigCommandSkill(name, &wm));
     if (isDropCommand()) {
         delete command;
         command = nullptr;
+    }
+}
+
+void BasicStandUp::goOnWhenHeld(const WorldModel& wm) {
+    const unsigned int step = ConfigSkill::getCurrentConfigStepNumber();
+    if (step != heldStep) {
+        heldStep = step;
+        heldSince = wm.getTime();
+        return;
+    }
+    if (wm.getTime() - heldSince > kKeyFrameLimit &&
+        step + 1 < configSkill.getConfigCommandSkillSize()) {
+        Debugger::logg("Main") << "StandUp: " << configSkill.getCurrentSkillName() << " key frame "
+                               << step + 1 << " not reached after " << kKeyFrameLimit
+                               << " s, going on" << std::endl;
+        ConfigSkill::setCurrentConfigStepNumber(step + 1);
+        heldStep = step + 1;
+        heldSince = wm.getTime();
     }
 }
 
@@ -83,6 +114,8 @@ bool BasicStandUp::isFinished() {
 void BasicStandUp::resetState() {
     starts = 0;
     runBegan = 0.0F;
+    heldStep = 0;
+    heldSince = 0.0F;
     configSkill.setCurrentSkillName(skillname::kNoSkill);
     configSkill.setFinishedSkill(false);
 }

@@ -7,8 +7,9 @@ class Command;
 class WorldModel;
 
 // Gets a fallen robot back on its feet: "FrontStandUp" or "BackStandUp", then "Stop"; it reports
-// success once "Stop" has run out. A run that has not ended 8 s after it began (stuck in a pose
-// it cannot leave) is begun again, on the side the robot lies on then. The side it lies on comes
+// success once "Stop" has run out. A key frame not reached within 2.5 s is left for the next one,
+// and a run that has not ended 8 s after it began (stuck in a pose it cannot leave) is begun
+// again, on the side the robot lies on then. The side it lies on comes
 // from the torso's attitude under the fall rule `Attitude` (the start is then logged with the
 // tilt), from the left foot's pressure contact point under `Landmarks`.
 class BasicStandUp : public BasicAction {
@@ -30,9 +31,14 @@ public:
     static void resetState();
 
 private:
+    // Moves the run on to its next key frame when the current one has been held too long.
+    static void goOnWhenHeld(const WorldModel& wm);
+
     Command* command = nullptr;
 
     static ConfigSkill configSkill;
     static unsigned int starts;
-    static float runBegan;  // seconds: when the current key-frame run began
+    static float runBegan;         // seconds: when the current key-frame run began
+    static unsigned int heldStep;  // the key frame being played, and since when (seconds)
+    static float heldSince;
 };
