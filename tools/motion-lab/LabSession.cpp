@@ -157,7 +157,8 @@ bool LabSession::idle(double seconds) {
 }
 
 double LabSession::now() const {
-    return worldModel->getTime();
+    // 0 before a connection to a server has been made (the world model comes with it).
+    return worldModel != nullptr ? static_cast<double>(worldModel->getTime()) : 0.0;
 }
 
 void LabSession::take(const std::string& message) {

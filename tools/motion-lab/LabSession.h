@@ -74,7 +74,7 @@ public:
     bool idle(double seconds);
 
     const WorldModel& world() const { return *worldModel; }
-    // Simulation time of the last message, seconds.
+    // Simulation time of the last message, seconds (0 before the session has connected).
     double now() const;
     const Pose& pose() const { return current; }
     // True when the server reports positions itself.
