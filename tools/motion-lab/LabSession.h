@@ -74,7 +74,8 @@ public:
     bool idle(double seconds);
 
     const WorldModel& world() const { return *worldModel; }
-    // Simulation time of the last message, seconds (0 before the session has connected).
+    // Simulation time of the last message, seconds; only once connected (the world model comes
+    // with the connection).
     double now() const;
     const Pose& pose() const { return current; }
     // True when the server reports positions itself.

@@ -67,8 +67,9 @@ public:
             ConfigSkill player;
             ready = playThrough(player, "Stop", 3.0);
         }
-        origin = session.pose();
-        startTime = session.now();
+        if (ready) {  // the session's clock runs only once it has connected
+            mark();
+        }
     }
 
     // Idles until the head has stayed at one height for half a second (at most 3 s more), so

@@ -33,30 +33,22 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
     setSuccessRate(0.0F);
     std::string name;
     if (start) {
-        name = liesOnBack(wm) ? skillname::kBackStandUp : skillname::kFrontStandUp;
+        name = beginRun(wm, dropCommand);
         if (wm.getFallRule() == FallRule::Attitude) {
             const TorsoAttitude& attitude = wm.getAttitude();
             Debugger::logg("Main")
                 << "StandUp: " << name << " begins, tilt " << attitude.getTilt() << " lean "
                 << TorsoAttitude::leanName(attitude.getLean()) << std::endl;
         }
-        configSkill.setCurrentConfigStepNumber(0);
         if (!dropCommand) {
             ++starts;
-            runBegan = wm.getTime();
-            heldStep = 0;
-            heldSince = runBegan;
         }
     } else if (!dropCommand && configSkill.getCurrentSkillName() != skillname::kStop &&
                wm.getTime() - runBegan > kRunLimit) {
-        name = liesOnBack(wm) ? skillname::kBackStandUp : skillname::kFrontStandUp;
-        Debugger::logg("Main") << "StandUp: " << configSkill.getCurrentSkillName()
-                               << " has not ended after " << kRunLimit << " s, " << name
-                               << " begins" << std::endl;
-        configSkill.setCurrentConfigStepNumber(0);
-        runBegan = wm.getTime();
-        heldStep = 0;
-        heldSince = runBegan;
+        const std::string stuck = configSkill.getCurrentSkillName();
+        name = beginRun(wm, false);
+        Debugger::logg("Main") << "StandUp: " << stuck << " has not ended after " << kRunLimit
+                               << " s, " << name << " begins" << std::endl;
     } else if (configSkill.isFinished()) {
         if (configSkill.getCurrentSkillName() == skillname::kStop) {
             Debugger::logg("Main") << "StandUp: Stop has ended, the robot is up" << std::endl;
@@ -79,6 +71,16 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
         delete command;
         command = nullptr;
     }
+}
+
+std::string BasicStandUp::beginRun(const WorldModel& wm, bool probe) {
+    configSkill.setCurrentConfigStepNumber(0);
+    if (!probe) {
+        runBegan = wm.getTime();
+        heldStep = 0;
+        heldSince = runBegan;
+    }
+    return liesOnBack(wm) ? skillname::kBackStandUp : skillname::kFrontStandUp;
 }
 
 void BasicStandUp::goOnWhenHeld(const WorldModel& wm) {

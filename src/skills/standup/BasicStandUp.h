@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "skills/BasicAction.h"
 #include "skills/ConfigSkill.h"
 
@@ -9,9 +11,9 @@ class WorldModel;
 // Gets a fallen robot back on its feet: "FrontStandUp" or "BackStandUp", then "Stop"; it reports
 // success once "Stop" has run out. A key frame not reached within 2.5 s is left for the next one,
 // and a run that has not ended 8 s after it began (stuck in a pose it cannot leave) is begun
-// again, on the side the robot lies on then. The side it lies on comes
-// from the torso's attitude under the fall rule `Attitude` (the start is then logged with the
-// tilt), from the left foot's pressure contact point under `Landmarks`.
+// again, on the side the robot lies on then. The side comes from the torso's attitude under the
+// fall rule `Attitude` (the start is then logged with the tilt), from the left foot's pressure
+// contact point under `Landmarks`.
 class BasicStandUp : public BasicAction {
 public:
     // `start` true begins a new stand-up; false continues the one in progress.
@@ -31,6 +33,9 @@ public:
     static void resetState();
 
 private:
+    // The stand-up for the side the robot lies on, from its first key frame; a run played for
+    // real (not a probe) starts its clocks now.
+    static std::string beginRun(const WorldModel& wm, bool probe);
     // Moves the run on to its next key frame when the current one has been held too long.
     static void goOnWhenHeld(const WorldModel& wm);
 
