@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sstream>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -19,6 +20,8 @@
 #include "support/Expected.h"
 #include "support/MotionFixture.h"
 #include "utilities/config/Config.h"
+#include "utilities/logging/LogStream.h"
+#include "utilities/logging/Logger.h"
 
 namespace {
 
@@ -134,6 +137,8 @@ TEST_F(PlanCycleTest, AttackerFallingWhileDashingPlaysOneStandUpAKeyFrameACycle)
 // 2.5 s, and a run that has not ended after 8 s is begun again, on the side the robot lies on by
 // then.
 TEST_F(PlanCycleTest, AttackerStuckInAStandUpGoesOnThenBeginsAgain) {
+    std::ostringstream mainLog;
+    logger.add("Main", new LogStream(&mainLog, nullptr), false);
     walkTowardsTheBall();
     attack();
     scene.fallen = true;
@@ -158,6 +163,12 @@ TEST_F(PlanCycleTest, AttackerStuckInAStandUpGoesOnThenBeginsAgain) {
     EXPECT_EQ(lastMarker, marker("BackStandUp", 0));
     attack();
     EXPECT_EQ(lastMarker, marker("BackStandUp", 1));
+    const std::string log = mainLog.str();
+    Logger::resetState();
+    EXPECT_NE(log.find("StandUp: FrontStandUp key frame 1 not reached after 2.5 s, going on\n"),
+              std::string::npos);
+    EXPECT_NE(log.find("StandUp: FrontStandUp has not ended after 8 s, BackStandUp begins\n"),
+              std::string::npos);
 }
 
 TEST_F(PlanCycleTest, AttackerKicksCloseBehindTheBallAtTheEndOfAGaitCycleThenWalksAgain) {

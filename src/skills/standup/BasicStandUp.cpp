@@ -45,7 +45,7 @@ BasicStandUp::BasicStandUp(const WorldModel& wm, bool start, bool dropCommand)
         }
     } else if (!dropCommand && configSkill.getCurrentSkillName() != skillname::kStop &&
                wm.getTime() - runBegan > kRunLimit) {
-        const std::string stuck = configSkill.getCurrentSkillName();
+        const std::string& stuck = configSkill.getCurrentSkillName();  // kept until played
         name = beginRun(wm, false);
         Debugger::logg("Main") << "StandUp: " << stuck << " has not ended after " << kRunLimit
                                << " s, " << name << " begins" << std::endl;
